@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Color.h"
+#include "Published.h"
+#include "Time.h"
+#include "Url.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vantrel {
+
+/// An account or a place that holds calendars.
+struct StoreSource {
+    QString sourceIdentifier; ///< Stable across runs, unique in the store.
+    QString title;            ///< As the user knows it.
+};
+
+enum class StoreCalendarType { local, subscription, birthday };
+
+struct StoreCalendar {
+    QString calendarIdentifier; ///< Stable across runs, unique in the store.
+    QString title;
+    std::optional<Color> color;
+    bool allowsContentModifications = true;
+    StoreCalendarType type = StoreCalendarType::local;
+    StoreSource source;
+};
+
+enum class StoreEventStatus { none, confirmed, tentative, cancelled };
+
+enum class StoreParticipantStatus {
+    unknown,
+    pending,
+    accepted,
+    declined,
+    tentative,
+    delegated,
+    completed,
+    inProcess
+};
+
+struct StoreParticipant {
+    bool isCurrentUser = false;
+    StoreParticipantStatus participantStatus = StoreParticipantStatus::unknown;
+};
+
+/// One occurrence of a calendar event: a single event, or one instance of a series with its
+/// override applied. Cheap to copy: texts and lists are shared.
+struct StoreEvent {
+    /// The same for all plain occurrences of a series, another one for each override; stable
+    /// across runs. Holds no "|".
+    std::optional<QString> eventIdentifier;
+    std::optional<QString> title;
+    Instant startDate;
+    Instant endDate; ///< At or after `startDate`.
+    bool isAllDay = false;
+    StoreEventStatus status = StoreEventStatus::none;
+    /// In the order of the component; null when it names none.
+    std::shared_ptr<const std::vector<StoreParticipant>> attendees;
+    std::optional<Url> url;
+    std::optional<QString> location;
+    std::optional<QString> notes;
+    /// The calendar as it was when the event was read; null only for an event without calendar.
+    std::shared_ptr<const StoreCalendar> calendar;
+    bool hasRecurrenceRules = false;
+};
+
+/// The user's calendars, all sources taken together. Answers come from memory: no call waits for
+/// a disk, a bus or a service. Main thread only.
+class EventStore {
+public:
+    virtual ~EventStore() = default;
+
+    /// Every event calendar, in an order that stays the same while the set does.
+    [[nodiscard]] virtual std::vector<StoreCalendar> calendars() const = 0;
+
+    /// The occurrences on the named calendars (by `calendarIdentifier`; unknown ones are ignored)
+    /// that overlap the interval from `from` to `to`, by start; equal starts in a stable order.
+    /// An occurrence overlaps when it starts before `to` and ends after `from`; one without length
+    /// also when it stands at `from`.
+    [[nodiscard]] virtual std::vector<StoreEvent>
+    events(Instant from, Instant to, const std::vector<QString> &calendarIdentifiers) const = 0;
+
+    /// The event with that identifier; of a series the occurrence nearest to now: the one under
+    /// way, else the next, else the last. Empty when there is none.
+    [[nodiscard]] virtual std::optional<StoreEvent>
+    eventWithIdentifier(const QString &eventIdentifier) const = 0;
+
+    /// Announced after any answer of this store may have changed.
+    Announcer<> changed;
+};
+
+} // namespace vantrel

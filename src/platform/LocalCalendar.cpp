@@ -1,0 +1,43 @@
+#include "LocalCalendar.h"
+
+#include <QDate>
+
+#include <cmath>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+Instant fromDateTime(const QDateTime &dateTime) {
+    return Instant{Seconds{static_cast<double>(dateTime.toMSecsSinceEpoch()) / 1000.0}};
+}
+
+} // namespace
+
+LocalCalendar::LocalCalendar(QTimeZone timeZone, QLocale locale)
+    : m_timeZone(std::move(timeZone)), m_locale(std::move(locale)) {}
+
+Instant LocalCalendar::startOfDay(Instant instant) const { return startOfDay(instant, 0); }
+
+Instant LocalCalendar::startOfDay(Instant instant, int days) const {
+    return fromDateTime(dateTime(instant).date().addDays(days).startOfDay(m_timeZone));
+}
+
+int LocalCalendar::hour(Instant instant) const { return dateTime(instant).time().hour(); }
+
+int LocalCalendar::minuteOfDay(Instant instant) const {
+    const QTime time = dateTime(instant).time();
+    return time.hour() * 60 + time.minute();
+}
+
+int LocalCalendar::weekday(Instant instant) const {
+    return dateTime(instant).date().dayOfWeek() % 7 + 1;
+}
+
+QDateTime LocalCalendar::dateTime(Instant instant) const {
+    const double milliseconds = std::floor(instant.time_since_epoch().count() * 1000.0);
+    return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(milliseconds), m_timeZone);
+}
+
+} // namespace vantrel

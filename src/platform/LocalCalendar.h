@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Time.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <QTimeZone>
+
+#include <functional>
+
+namespace vantrel {
+
+/// A calendar as the user lives by it: Gregorian days in one time zone and locale.
+/// A plain value, safe to copy and to use on any thread.
+class LocalCalendar {
+public:
+    LocalCalendar(QTimeZone timeZone, QLocale locale);
+
+    [[nodiscard]] const QTimeZone &timeZone() const { return m_timeZone; }
+    [[nodiscard]] const QLocale &locale() const { return m_locale; }
+
+    /// The first instant of the day that holds `instant`; where the zone skips midnight, the first
+    /// instant that exists.
+    [[nodiscard]] Instant startOfDay(Instant instant) const;
+
+    /// The start of the day `days` calendar days from the one that holds `instant`.
+    [[nodiscard]] Instant startOfDay(Instant instant, int days) const;
+
+    /// 0 to 23.
+    [[nodiscard]] int hour(Instant instant) const;
+
+    /// Minutes after local midnight by the wall clock, 0 to 1439.
+    [[nodiscard]] int minuteOfDay(Instant instant) const;
+
+    /// 1 = Sunday to 7 = Saturday.
+    [[nodiscard]] int weekday(Instant instant) const;
+
+    /// The wall-clock reading of `instant` in this zone, to the millisecond, rounded down.
+    [[nodiscard]] QDateTime dateTime(Instant instant) const;
+
+private:
+    QTimeZone m_timeZone;
+    QLocale m_locale;
+};
+
+/// Answers the user's calendar as it is set at the moment of the call: zone and locale may change
+/// while the program runs.
+using CurrentCalendar = std::function<LocalCalendar()>;
+
+} // namespace vantrel
