@@ -18,13 +18,17 @@ Instant fromDateTime(const QDateTime &dateTime) {
 LocalCalendar::LocalCalendar(QTimeZone timeZone, QLocale locale)
     : m_timeZone(std::move(timeZone)), m_locale(std::move(locale)) {}
 
-Instant LocalCalendar::startOfDay(Instant instant) const { return startOfDay(instant, 0); }
+Instant LocalCalendar::startOfDay(Instant instant) const {
+    return startOfDay(instant, 0);
+}
 
 Instant LocalCalendar::startOfDay(Instant instant, int days) const {
     return fromDateTime(dateTime(instant).date().addDays(days).startOfDay(m_timeZone));
 }
 
-int LocalCalendar::hour(Instant instant) const { return dateTime(instant).time().hour(); }
+int LocalCalendar::hour(Instant instant) const {
+    return dateTime(instant).time().hour();
+}
 
 int LocalCalendar::minuteOfDay(Instant instant) const {
     const QTime time = dateTime(instant).time();

@@ -15,7 +15,9 @@ ScheduledWork &ScheduledWork::operator=(ScheduledWork &&other) noexcept {
     return *this;
 }
 
-ScheduledWork::~ScheduledWork() { cancel(); }
+ScheduledWork::~ScheduledWork() {
+    cancel();
+}
 
 void ScheduledWork::cancel() {
     if (m_state)

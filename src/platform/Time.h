@@ -16,7 +16,7 @@ using Instant = std::chrono::sys_time<Seconds>;
 using MonotonicInstant = std::chrono::time_point<std::chrono::steady_clock, Seconds>;
 
 /// The instant from which occurrence keys count whole seconds: 2001-01-01 00:00:00 UTC.
-inline constexpr Instant referenceDate{std::chrono::sys_days{
-    std::chrono::year{2001} / std::chrono::January / 1}};
+inline constexpr Instant referenceDate{
+    std::chrono::sys_days{std::chrono::year{2001} / std::chrono::January / 1}};
 
 } // namespace vantrel

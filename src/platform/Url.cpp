@@ -8,7 +8,9 @@ namespace vantrel {
 
 namespace {
 
-bool isForbidden(QChar character) { return character.isSpace() || character.unicode() < 0x20; }
+bool isForbidden(QChar character) {
+    return character.isSpace() || character.unicode() < 0x20;
+}
 
 /// The authority's host: between the last "@" and the port (RFC 3986, section 3.2).
 QString hostOf(QStringView authority) {

@@ -25,8 +25,7 @@ public:
     virtual void open(const Url &url) = 0;
 
     /// The application that `open` would hand the URL to; empty when there is none.
-    [[nodiscard]] virtual std::optional<ApplicationId>
-    applicationToOpen(const Url &url) const = 0;
+    [[nodiscard]] virtual std::optional<ApplicationId> applicationToOpen(const Url &url) const = 0;
 
     /// Opens the URL with just that application. Failure is logged.
     virtual void open(const Url &url, const ApplicationId &application) = 0;

@@ -24,9 +24,9 @@ FakeEventStore::events(Instant from, Instant to,
     std::vector<StoreEvent> found;
     for (const StoreEvent &event : storedEvents) {
         const bool isNamed =
-            event.calendar && std::find(calendarIdentifiers.begin(), calendarIdentifiers.end(),
-                                        event.calendar->calendarIdentifier) !=
-                                  calendarIdentifiers.end();
+            event.calendar &&
+            std::find(calendarIdentifiers.begin(), calendarIdentifiers.end(),
+                      event.calendar->calendarIdentifier) != calendarIdentifiers.end();
         if (isNamed && overlaps(event, from, to))
             found.push_back(event);
     }

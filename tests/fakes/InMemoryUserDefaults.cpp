@@ -7,7 +7,9 @@
 
 namespace vantrel::fakes {
 
-bool InMemoryUserDefaults::hasObject(const QString &key) const { return objects.contains(key); }
+bool InMemoryUserDefaults::hasObject(const QString &key) const {
+    return objects.contains(key);
+}
 
 std::int64_t InMemoryUserDefaults::integer(const QString &key) const {
     const QJsonValue value = object(key);
@@ -16,7 +18,9 @@ std::int64_t InMemoryUserDefaults::integer(const QString &key) const {
     return static_cast<std::int64_t>(value.toDouble(0.0));
 }
 
-bool InMemoryUserDefaults::boolean(const QString &key) const { return integer(key) != 0; }
+bool InMemoryUserDefaults::boolean(const QString &key) const {
+    return integer(key) != 0;
+}
 
 std::optional<QString> InMemoryUserDefaults::string(const QString &key) const {
     const QJsonValue value = object(key);
