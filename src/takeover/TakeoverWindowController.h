@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OpacityFade.h"
 #include "TakeoverContext.h"
 #include "TakeoverPanel.h"
 #include "TakeoverPhase.h"
@@ -16,12 +17,12 @@
 
 namespace vantrel {
 
-class OpacityFade;
 class TakeoverViewModel;
 
 /// Puts a takeover on every monitor at once and takes it off again: the full view on the monitor
-/// with the pointer, the bare title on all others. Hears the takeover's keys, closes one that
-/// nobody answers, and leaves the joined view up for a moment.
+/// with the pointer, the bare title on all others. Hears the takeover's keys (Escape dismisses,
+/// Space and Return join, S snoozes, with any modifiers), closes a takeover that nobody answers,
+/// and leaves the joined view up for a moment.
 ///
 /// While a takeover is up, monitors may come and go: each stays covered, the full view moves to
 /// one that is left, and with none left the takeover waits for the next one. Main thread only.
@@ -37,10 +38,11 @@ public:
     TakeoverWindowController &operator=(const TakeoverWindowController &) = delete;
 
     /// Shows a takeover, unless one is up: then nothing happens and no callback ever runs.
-    /// The same with no monitor connected: a takeover nobody can see is not kept for later.
+    /// The same while no monitor is connected: a takeover that nobody can see is not kept for
+    /// later, so its caller learns nothing of it.
     ///
-    /// `onJoin` runs at most once; the takeover then disappears 1.5 s later. `onSnooze` and
-    /// `onDismiss` close it at once. An interval `autoCloseAfter` above zero without any of these
+    /// `onJoin` runs at most once; the takeover disappears 1.5 s later. `onSnooze` and `onDismiss`
+    /// close it at once. `autoCloseAfter` (nothing: never; at most zero: never) without an answer
     /// counts as a dismiss.
     void show(const TakeoverContext &context, const Palette &palette,
               std::optional<Seconds> autoCloseAfter, Callback onJoin, Callback onSnooze,
@@ -50,30 +52,56 @@ public:
     void hide();
 
 private:
-    struct Showing;
-    struct Departure;
+    /// Panels on their way out. The view model outlives the panels that show it.
+    struct Departure {
+        std::unique_ptr<TakeoverViewModel> viewModel;
+        std::vector<TakeoverPanel> panels;
+        std::unique_ptr<OpacityFade> fade;
+    };
 
-    [[nodiscard]] bool isShowing() const { return m_currentContext.has_value(); }
+    [[nodiscard]] bool isUp() const { return m_currentContext.has_value(); }
+
     [[nodiscard]] Callback whileUrgent(Callback action) const;
-    [[nodiscard]] Callback wrappedJoin(Callback onJoin);
-    [[nodiscard]] Callback wrappedClosing(Callback action);
+    [[nodiscard]] Callback joining(Callback onJoin);
+    [[nodiscard]] Callback closing(Callback onAnswer);
 
     void installKeyEventMonitor(Callback snooze, Callback dismiss, Callback join);
     void removeKeyEventMonitor();
     void scheduleAutoClose(std::optional<Seconds> after, Callback dismiss);
     void scheduleMadeItHide();
 
-    std::optional<TakeoverPanel> m_interactivePanel;
-    std::vector<TakeoverPanel> m_echoPanels;
-    Subscription m_keyEventMonitor;
-    ScheduledWork m_autoCloseWorkItem;
-    ScheduledWork m_madeItHideWorkItem;
-    TakeoverPhaseState m_phaseState;
-    std::optional<TakeoverContext> m_currentContext;
+    void coverScreens();
+    void dropPanelsOfLostScreens(const std::vector<Screen> &screens);
+    void placeInteractivePanel(const std::vector<Screen> &candidates);
+    void placeEchoPanel(const Screen &screen);
+    [[nodiscard]] bool isCovered(const Screen &screen) const;
+    [[nodiscard]] std::vector<Screen> interactiveCandidates() const;
+
+    void fadeIn();
+    void fadeOut(std::unique_ptr<Departure> departure);
+    void setOpacity(double opacity);
 
     MainQueue &m_queue;
     ScreenLayout &m_screenLayout;
     ShieldingPanels &m_panels;
+
+    TakeoverPhaseState m_phaseState;
+    std::optional<TakeoverContext> m_currentContext;
+    Palette m_palette;
+    /// Lives from `show` to the end of that showing; callbacks that come later find it gone.
+    std::shared_ptr<void> m_showing;
+    /// Declared before the panels, which show it.
+    std::unique_ptr<TakeoverViewModel> m_viewModel;
+    std::optional<TakeoverPanel> m_interactivePanel;
+    std::vector<TakeoverPanel> m_echoPanels;
+    double m_opacity = 0.0;
+    std::unique_ptr<OpacityFade> m_fade;
+    std::vector<std::unique_ptr<Departure>> m_departures;
+
+    Subscription m_screenChanges;
+    Subscription m_keyEventMonitor;
+    ScheduledWork m_autoCloseWorkItem;
+    ScheduledWork m_madeItHideWorkItem;
 };
 
 } // namespace vantrel
