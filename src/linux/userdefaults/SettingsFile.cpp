@@ -1,0 +1,122 @@
+#include "SettingsFile.h"
+
+#include <platform/Log.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSaveFile>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+VANTREL_LOG(userDefaultsLog, "UserDefaults")
+
+QString lastSystemError() {
+    return QString::fromStdString(std::generic_category().message(errno));
+}
+
+/// Puts a rename on the disk: it is there only once its folder is. Answers what went wrong.
+std::optional<QString> syncFolder(const QString &path) {
+    const QString folder = QFileInfo(QFileInfo(path).canonicalFilePath()).path();
+    const int descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return lastSystemError();
+    // File systems that cannot sync a folder answer EINVAL; there is nothing more to be had there.
+    std::optional<QString> error;
+    if (::fsync(descriptor) != 0 && errno != EINVAL)
+        error = lastSystemError();
+    ::close(descriptor);
+    return error;
+}
+
+/// Answers what went wrong; the file then holds the old text or the new one, never a part.
+std::optional<QString> replace(const QString &path, const QByteArray &text) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) ||
+        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
+        file.write(text) != text.size() || !file.flush())
+        return file.errorString();
+    // A full disk may show itself only here, and committing does not look at it.
+    if (::fsync(file.handle()) != 0)
+        return lastSystemError();
+    if (!file.commit())
+        return file.errorString();
+    return syncFolder(path);
+}
+
+void makeFolder(const QString &path) {
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    if (folder.exists())
+        return;
+    QDir().mkpath(folder.absolutePath());
+    // A new folder for settings is its owner's alone (XDG base directory specification).
+    QFile::setPermissions(folder.absoluteFilePath(),
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(QString path) : m_path(std::move(path)) {}
+
+QJsonObject SettingsFile::load() const {
+    QFile file(m_path);
+    if (!file.exists())
+        return {};
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCCritical(userDefaultsLog).noquote()
+            << "Cannot open the settings" << m_path + QLatin1Char(':') << file.errorString();
+        keepAside(std::nullopt);
+        return {};
+    }
+    const QByteArray text = file.readAll();
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (document.isObject())
+        return document.object();
+    qCCritical(userDefaultsLog).noquote()
+        << "Cannot read the settings" << m_path + QLatin1Char(':')
+        << (document.isNull() ? error.errorString() : QStringLiteral("the top level is no object"));
+    keepAside(text);
+    return {};
+}
+
+bool SettingsFile::save(const QJsonObject &object) {
+    makeFolder(m_path);
+    const std::optional<QString> error =
+        replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Indented));
+    if (error && !m_isFailing)
+        qCCritical(userDefaultsLog).noquote()
+            << "Cannot save the settings" << m_path + QLatin1Char(':') << *error;
+    m_isFailing = error.has_value();
+    return !m_isFailing;
+}
+
+void SettingsFile::keepAside(const std::optional<QByteArray> &text) const {
+    const QString aside = m_path + QStringLiteral(".unreadable");
+    std::optional<QString> error;
+    if (text) {
+        error = replace(aside, *text);
+    } else {
+        std::error_code code;
+        std::filesystem::rename(m_path.toStdU16String(), aside.toStdU16String(), code);
+        if (code)
+            error = QString::fromStdString(code.message());
+    }
+    if (error)
+        qCCritical(userDefaultsLog).noquote()
+            << "Cannot keep them as" << aside + QLatin1Char(':') << *error;
+}
+
+} // namespace vantrel
