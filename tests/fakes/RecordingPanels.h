@@ -21,6 +21,9 @@ public:
     };
 
     std::vector<std::shared_ptr<Record>> panels;
+    std::vector<QString> orderedFront;  ///< Screen ids, one for each call of `orderFront`.
+    std::vector<QString> lostScreenIds; ///< Monitors for which no panel can be made any more.
+    std::function<void(const Record &)> whenMade; ///< Called before a panel is handed out.
 
     [[nodiscard]] std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
                                                             const PanelContent &content) override;
