@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Checks that no room of src/ includes what it may not, and that only the queue reads a clock."""
 
 import pathlib

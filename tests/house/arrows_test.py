@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Tests of the check itself: each kind of fault, planted in a small tree, has to be found."""
 
 import pathlib

@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Checks that every path and link target named in the documents exists."""
 
 import pathlib

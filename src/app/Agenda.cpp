@@ -1,0 +1,122 @@
+#include "Agenda.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantrel {
+
+namespace {
+
+/// ISO 8601 with the offset of the calendar's zone at that moment, to the second.
+QString isoText(Instant instant, const LocalCalendar &calendar) {
+    const QDateTime local = calendar.dateTime(instant);
+    const int offset = local.offsetFromUtc();
+    const int minutes = std::abs(offset) / 60;
+    return local.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")) +
+           QStringLiteral("%1%2:%3")
+               .arg(QLatin1Char(offset < 0 ? '-' : '+'))
+               .arg(minutes / 60, 2, 10, QLatin1Char('0'))
+               .arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString colorText(const Color &color) {
+    const auto byte = [](double component) {
+        return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255.0));
+    };
+    const int value = byte(color.red) << 16 | byte(color.green) << 8 | byte(color.blue);
+    return QStringLiteral("#%1").arg(value, 6, 16, QLatin1Char('0'));
+}
+
+QJsonValue orNull(const std::optional<QString> &text) {
+    return text ? QJsonValue(*text) : QJsonValue(QJsonValue::Null);
+}
+
+QJsonValue videoObject(const std::optional<MeetingLink> &link) {
+    const MeetingLink::Video *video = link ? link->asVideo() : nullptr;
+    if (!video)
+        return QJsonValue(QJsonValue::Null);
+    return QJsonObject{{QStringLiteral("provider"), rawValue(video->provider)},
+                       {QStringLiteral("url"), video->url.absoluteString()}};
+}
+
+QJsonValue phoneObject(const std::optional<MeetingLink> &link) {
+    const MeetingLink::Phone *phone = link ? link->asPhone() : nullptr;
+    if (!phone)
+        return QJsonValue(QJsonValue::Null);
+    return QJsonObject{{QStringLiteral("rawNumber"), phone->rawNumber}};
+}
+
+/// The title of the calendar that holds the event; null for an event that the store no longer has.
+QJsonValue calendarTitle(const UpcomingEvent &event, const EventStore &store) {
+    const auto stored = store.eventWithIdentifier(event.id.section(u'|', 0, 0));
+    if (!stored || !stored->calendar)
+        return QJsonValue(QJsonValue::Null);
+    return stored->calendar->title;
+}
+
+QString printable(QString text) {
+    for (QChar &character : text) {
+        const bool isControl = character.category() == QChar::Other_Control ||
+                               character.category() == QChar::Other_Format ||
+                               character.category() == QChar::Separator_Line ||
+                               character.category() == QChar::Separator_Paragraph;
+        // Joiners hold emoji and some scripts together and drive nothing.
+        const bool isJoiner = character == QChar(0x200c) || character == QChar(0x200d);
+        if (isControl && !isJoiner)
+            character = u' ';
+    }
+    return text;
+}
+
+} // namespace
+
+QByteArray Agenda::json(const std::vector<UpcomingEvent> &events, Instant now,
+                        const EventStore &store, const LocalCalendar &calendar) {
+    QJsonArray array;
+    for (const UpcomingEvent &event : events) {
+        array.append(QJsonObject{
+            {QStringLiteral("id"), event.id},
+            {QStringLiteral("title"), event.title},
+            {QStringLiteral("start"), isoText(event.startDate, calendar)},
+            {QStringLiteral("end"), isoText(event.endDate, calendar)},
+            {QStringLiteral("calendar"), calendarTitle(event, store)},
+            {QStringLiteral("calendarColor"), colorText(event.calendarColor)},
+            {QStringLiteral("isRecurring"), event.isRecurring},
+            {QStringLiteral("location"), orNull(event.location)},
+            {QStringLiteral("videoLink"), videoObject(event.videoLink)},
+            {QStringLiteral("phoneLink"), phoneObject(event.phoneLink)},
+            {QStringLiteral("detailPreview"), orNull(event.detailPreview())},
+        });
+    }
+    return QJsonDocument(QJsonObject{{QStringLiteral("now"), isoText(now, calendar)},
+                                     {QStringLiteral("events"), array}})
+        .toJson(QJsonDocument::Indented);
+}
+
+QByteArray Agenda::text(const std::vector<UpcomingEvent> &events, const LocalCalendar &calendar) {
+    const QLocale &locale = calendar.locale();
+    QString text;
+    QDate day;
+    for (const UpcomingEvent &event : events) {
+        const QDateTime start = calendar.dateTime(event.startDate);
+        const QDateTime end = calendar.dateTime(event.endDate);
+        if (start.date() != day) {
+            text += text.isEmpty() ? QString() : QStringLiteral("\n");
+            day = start.date();
+            text += locale.toString(day, QLocale::LongFormat) + u'\n';
+        }
+        text += QStringLiteral("  %1 – %2  %3")
+                    .arg(locale.toString(start.time(), QLocale::ShortFormat),
+                         locale.toString(end.time(), QLocale::ShortFormat), printable(event.title));
+        if (const auto detail = event.detailPreview())
+            text += QStringLiteral("  (%1)").arg(printable(*detail));
+        text += u'\n';
+    }
+    return text.toUtf8();
+}
+
+} // namespace vantrel

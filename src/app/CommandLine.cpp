@@ -1,0 +1,117 @@
+#include "CommandLine.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <cmath>
+
+namespace vantrel {
+
+namespace {
+
+constexpr Seconds longestHorizon{3660 * 86400.0};
+
+const char helpText[] = R"(Usage: vantrel [OPTION]...
+       vantrel agenda [OPTION]...
+
+Vantrel covers every screen shortly before each of your meetings, so that you never miss one.
+Without a verb it runs until it is told to end.
+
+Verbs:
+  agenda                 print the upcoming events and end; needs no running agent
+
+Options:
+  --profile FOLDER       keep settings, calendars and the rescue log in FOLDER
+  --help                 this text
+  --version              the version
+
+Options of agenda:
+  --json                 one JSON object instead of text
+  --calendars PATH       read this calendar folder, folder of calendar folders or .ics file
+                         instead of the selected calendars; may be given several times
+  --now ISO8601          take this for the present moment; without an offset in local time
+  --horizon SECONDS      how far to look ahead, above 0 (as it is: 1209600, two weeks)
+
+The time zone is the environment's (TZ). Exit codes: 0 done, 1 failed, 2 wrong usage.
+)";
+
+std::optional<Instant> parseInstant(const QString &text, const LocalCalendar &calendar) {
+    QDateTime dateTime = QDateTime::fromString(text, Qt::ISODateWithMs);
+    if (!dateTime.isValid() || dateTime.date().year() < 1 || dateTime.date().year() > 9999)
+        return std::nullopt;
+    if (dateTime.timeSpec() == Qt::LocalTime)
+        dateTime = QDateTime(dateTime.date(), dateTime.time(), calendar.timeZone());
+    return Instant{Seconds{static_cast<double>(dateTime.toMSecsSinceEpoch()) / 1000.0}};
+}
+
+std::optional<Seconds> parseHorizon(const QString &text) {
+    bool isNumber = false;
+    const Seconds horizon{text.toDouble(&isNumber)};
+    // The comparison refuses "nan" as well, which is above nothing.
+    if (!isNumber || !(horizon > Seconds::zero()) || horizon > longestHorizon)
+        return std::nullopt;
+    return horizon;
+}
+
+Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calendar) {
+    PrintAgenda agenda;
+    agenda.asJson = parser.isSet(QStringLiteral("json"));
+    agenda.calendars = parser.values(QStringLiteral("calendars"));
+    if (parser.isSet(QStringLiteral("now"))) {
+        const QString text = parser.value(QStringLiteral("now"));
+        agenda.now = parseInstant(text, calendar);
+        if (!agenda.now)
+            return UsageError{QStringLiteral("not a date and time of ISO 8601: %1").arg(text)};
+    }
+    if (parser.isSet(QStringLiteral("horizon"))) {
+        const QString text = parser.value(QStringLiteral("horizon"));
+        const auto horizon = parseHorizon(text);
+        if (!horizon)
+            return UsageError{
+                QStringLiteral("not a number of seconds above 0 and up to ten years: %1")
+                    .arg(text)};
+        agenda.horizon = *horizon;
+    }
+    return agenda;
+}
+
+} // namespace
+
+Command parseCommandLine(const QStringList &arguments, const LocalCalendar &calendar) {
+    const QString verb = arguments.value(1).startsWith(u'-') ? QString() : arguments.value(1);
+    const bool isAgenda = verb == u"agenda";
+
+    QCommandLineParser parser;
+    parser.addOptions({{QStringLiteral("help"), {}},
+                       {QStringLiteral("version"), {}},
+                       {QStringLiteral("profile"), {}, QStringLiteral("folder")}});
+    if (isAgenda) {
+        parser.addOptions({{QStringLiteral("json"), {}},
+                           {QStringLiteral("calendars"), {}, QStringLiteral("path")},
+                           {QStringLiteral("now"), {}, QStringLiteral("date")},
+                           {QStringLiteral("horizon"), {}, QStringLiteral("seconds")}});
+    }
+    if (!parser.parse(arguments))
+        return UsageError{parser.errorText()};
+    if (parser.isSet(QStringLiteral("help")))
+        return PrintText{QString::fromUtf8(helpText)};
+    if (parser.isSet(QStringLiteral("version")))
+        return PrintText{
+            QStringLiteral("vantrel %1\n").arg(QCoreApplication::applicationVersion())};
+
+    const QStringList positional = parser.positionalArguments();
+    if (positional.size() > (isAgenda ? 1 : 0))
+        return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
+
+    std::optional<QString> profile;
+    if (parser.isSet(QStringLiteral("profile")))
+        profile = parser.value(QStringLiteral("profile"));
+    if (!isAgenda)
+        return RunAgent{profile};
+    Command command = readAgenda(parser, calendar);
+    if (auto *agenda = std::get_if<PrintAgenda>(&command))
+        agenda->profile = profile;
+    return command;
+}
+
+} // namespace vantrel

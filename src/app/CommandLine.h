@@ -1,0 +1,48 @@
+#pragma once
+
+#include <platform/LocalCalendar.h>
+#include <platform/Time.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <variant>
+
+namespace vantrel {
+
+/// Runs the agent.
+struct RunAgent {
+    /// Keeps settings, calendars and the rescue log in this folder instead of the user's own.
+    std::optional<QString> profile;
+};
+
+/// Prints the upcoming events and ends.
+struct PrintAgenda {
+    static constexpr Seconds defaultHorizon{14 * 86400.0};
+
+    std::optional<QString> profile;
+    bool asJson = false;
+    /// Calendar folders, folders of calendar folders, or `.ics` files; empty: the user's own.
+    QStringList calendars;
+    std::optional<Instant> now; ///< Empty: the clock's.
+    Seconds horizon = defaultHorizon;
+};
+
+/// Prints a text on standard output and ends with exit code 0.
+struct PrintText {
+    QString text;
+};
+
+/// The arguments make no sense; `message` says why, in one line.
+struct UsageError {
+    QString message;
+};
+
+using Command = std::variant<RunAgent, PrintAgenda, PrintText, UsageError>;
+
+/// Reads the program's arguments, its own name first. Dates without an offset are read in the zone
+/// of `calendar`.
+Command parseCommandLine(const QStringList &arguments, const LocalCalendar &calendar);
+
+} // namespace vantrel
