@@ -1,0 +1,63 @@
+#include "KeyPresses.h"
+
+#include "X11Keyboard.h"
+
+#include <QKeyEvent>
+
+namespace vantrel {
+
+namespace {
+
+Key keyOf(const QKeyEvent &event) {
+    switch (event.key()) {
+    case Qt::Key_Escape:
+        return Key::escape;
+    case Qt::Key_Space:
+        return Key::space;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Key::enter;
+    default:
+        return Key::other;
+    }
+}
+
+xcb_keycode_t keycode(const QKeyEvent &event) {
+    return static_cast<xcb_keycode_t>(event.nativeScanCode());
+}
+
+} // namespace
+
+std::optional<KeyPress> KeyPresses::press(const QKeyEvent &event) {
+    if (event.isAutoRepeat() || (m_keyboard && m_keyboard->wasDownBefore(keycode(event))))
+        return std::nullopt;
+    return KeyPress{keyOf(event), charactersIgnoringModifiers(event)};
+}
+
+bool KeyPresses::release(const QKeyEvent &event) {
+    if (event.isAutoRepeat())
+        return false;
+    if (!m_keyboard || !m_keyboard->wasDownBefore(keycode(event)))
+        return true;
+    m_keyboard->noteRelease(keycode(event));
+    return false;
+}
+
+QString KeyPresses::charactersIgnoringModifiers(const QKeyEvent &event) const {
+    if (m_keyboard) {
+        const QString character = m_keyboard->character(
+            keycode(event), static_cast<std::uint16_t>(event.nativeModifiers()));
+        if (!character.isEmpty())
+            return character;
+    }
+    // The event's text would be a control character with Control held. The key is named by the
+    // upper-case letter, whatever the modifiers; keys that write nothing start here.
+    constexpr int firstWithoutText = Qt::Key_Escape;
+    if (event.key() <= 0 || event.key() >= firstWithoutText)
+        return {};
+    const char32_t letter = static_cast<char32_t>(event.key());
+    const QString upper = QString::fromUcs4(&letter, 1);
+    return event.modifiers().testFlag(Qt::ShiftModifier) ? upper : upper.toLower();
+}
+
+} // namespace vantrel

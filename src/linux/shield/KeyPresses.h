@@ -1,0 +1,33 @@
+#pragma once
+
+#include <platform/ShieldingPanels.h>
+
+#include <optional>
+
+class QKeyEvent;
+
+namespace vantrel {
+
+class X11Keyboard;
+
+/// Tells presses of keys from what merely looks like one: the auto-repeat of a key that is held,
+/// and the keys that were down before the panel had the keyboard.
+class KeyPresses {
+public:
+    /// `keyboard` is null off X11, where a compositor tells a window of no key that was down
+    /// before; otherwise it must outlive this object.
+    explicit KeyPresses(X11Keyboard *keyboard) : m_keyboard(keyboard) {}
+
+    /// Empty for what is no press.
+    [[nodiscard]] std::optional<KeyPress> press(const QKeyEvent &event);
+
+    /// False for the release of a key whose press did not count.
+    [[nodiscard]] bool release(const QKeyEvent &event);
+
+private:
+    [[nodiscard]] QString charactersIgnoringModifiers(const QKeyEvent &event) const;
+
+    X11Keyboard *m_keyboard;
+};
+
+} // namespace vantrel

@@ -1,0 +1,57 @@
+#include "QtShieldingPanels.h"
+
+#include "PanelEngine.h"
+#include "PanelEvents.h"
+#include "QtShieldingPanel.h"
+#include "ScreenId.h"
+#include "X11Shield.h"
+
+#include <QWindow>
+
+#include <utility>
+
+namespace vantrel {
+
+QtShieldingPanels::QtShieldingPanels(MainQueue &queue)
+    : m_engine(std::make_unique<PanelEngine>()),
+      m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue) : nullptr) {}
+
+QtShieldingPanels::~QtShieldingPanels() {
+    // Windows that wait for their deletion show items of the engine, which goes next.
+    for (const QPointer<QWindow> &window : m_windows)
+        delete window;
+}
+
+std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &screen, PanelRole role,
+                                                             const PanelContent &content) {
+    QScreen *monitor = findScreen(screen.id);
+    if (!monitor)
+        return nullptr;
+    std::erase_if(m_windows, [](const QPointer<QWindow> &window) { return !window; });
+    std::unique_ptr<QWindow> window = m_engine->makeWindow(content);
+    m_windows.emplace_back(window.get());
+    auto *events =
+        new PanelEvents(*window, role, KeyPresses(m_shield ? &m_shield->keyboard() : nullptr),
+                        [this](const KeyPress &press) { return hear(press); });
+    return std::make_unique<QtShieldingPanel>(std::move(window), *events, *monitor, role,
+                                              m_shield.get());
+}
+
+Subscription QtShieldingPanels::monitorKeyDown(KeyHandler handler) {
+    auto held = std::make_shared<KeyHandler>(std::move(handler));
+    std::erase_if(m_handlers, [](const auto &weak) { return weak.expired(); });
+    m_handlers.push_back(held);
+    return held;
+}
+
+bool QtShieldingPanels::hear(const KeyPress &press) {
+    const auto handlers = m_handlers;
+    for (const auto &weak : handlers) {
+        const auto handler = weak.lock();
+        if (handler && (*handler)(press))
+            return true;
+    }
+    return false;
+}
+
+} // namespace vantrel

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <platform/MainQueue.h>
+#include <platform/ShieldingPanels.h>
+
+#include <QPointer>
+
+#include <memory>
+#include <vector>
+
+class QWindow;
+
+namespace vantrel {
+
+class PanelEngine;
+class X11Shield;
+
+/// Panels on Qt Quick's windows: on X11 past the window manager, elsewhere an ordinary full-screen
+/// window on each monitor. Construct it after the application object and before any window of Qt
+/// Quick; nothing heavy is made before the first panel.
+class QtShieldingPanels : public ShieldingPanels {
+public:
+    /// `queue` must outlive the panels.
+    explicit QtShieldingPanels(MainQueue &queue);
+    QtShieldingPanels(const QtShieldingPanels &) = delete;
+    QtShieldingPanels &operator=(const QtShieldingPanels &) = delete;
+
+    /// Each panel must be gone before.
+    ~QtShieldingPanels() override;
+
+    [[nodiscard]] std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
+                                                            const PanelContent &content) override;
+
+    [[nodiscard]] Subscription monitorKeyDown(KeyHandler handler) override;
+
+private:
+    [[nodiscard]] bool hear(const KeyPress &press);
+
+    std::unique_ptr<PanelEngine> m_engine;
+    std::unique_ptr<X11Shield> m_shield; ///< Null off X11.
+    std::vector<std::weak_ptr<KeyHandler>> m_handlers;
+    std::vector<QPointer<QWindow>> m_windows; ///< All that were made; null the ones deleted since.
+};
+
+} // namespace vantrel

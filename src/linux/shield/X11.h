@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QRect>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+/// The few questions that the shield has for an X server, over Qt's own connection.
+namespace vantrel::x11 {
+
+struct FreeDeleter {
+    void operator()(void *reply) const { std::free(reply); }
+};
+
+template <typename T>
+using Reply = std::unique_ptr<T, FreeDeleter>;
+
+/// Null when the program does not run on X11.
+[[nodiscard]] xcb_connection_t *connection();
+
+[[nodiscard]] xcb_window_t rootWindow();
+
+/// The children of the root window, the lowest one first; empty when the server has gone.
+[[nodiscard]] std::vector<xcb_window_t> stackingOrder();
+
+struct WindowFacts {
+    bool isVisible = false; ///< Mapped, with all its parents, and made to show something.
+    bool isUnmanaged = false;
+    QRect frame; ///< In the pixels of the root window.
+};
+
+/// Of a window that may be gone by the time of the answer: then it is not visible.
+[[nodiscard]] WindowFacts describe(xcb_window_t window);
+
+/// Whether the server made the window for itself, as it does for a compositor's overlay.
+[[nodiscard]] bool isServersOwn(xcb_window_t window);
+
+/// Puts the window on top of all others.
+void raise(xcb_window_t window);
+
+/// Puts the window right below the other one.
+void placeBelow(xcb_window_t window, xcb_window_t sibling);
+
+/// Adds to or takes from the events that Qt's connection gets for a window.
+void selectEvents(xcb_window_t window, std::uint32_t mask);
+void deselectEvents(xcb_window_t window, std::uint32_t mask);
+
+} // namespace vantrel::x11

@@ -1,0 +1,179 @@
+#include "X11Keyboard.h"
+
+#include "ShieldLog.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace vantrel {
+
+namespace {
+
+using x11::connection;
+using x11::Reply;
+
+/// A quarter of an hour of asking, ten times in the first second.
+const Backoff grabPauses(Seconds{0.01}, Seconds{1}, 900);
+
+/// Against a program that wants the focus just as badly there is no winning; the grab has the keys.
+const Backoff focusPauses(Seconds{0.01}, Seconds{1}, 40);
+
+std::bitset<256> keysDown(xcb_query_keymap_cookie_t asked) {
+    const Reply<xcb_query_keymap_reply_t> keymap(
+        xcb_query_keymap_reply(connection(), asked, nullptr));
+    std::bitset<256> down;
+    for (std::size_t key = 0; keymap && key < down.size(); ++key)
+        down.set(key, keymap->keys[key / 8] >> (key % 8) & 1);
+    return down;
+}
+
+/// The letter behind a key symbol of the ranges that name their Unicode character directly.
+std::optional<char32_t> unicode(xcb_keysym_t symbol) {
+    if ((symbol >= 0x20 && symbol <= 0x7e) || (symbol >= 0xa0 && symbol <= 0xff))
+        return symbol;
+    if (symbol >= 0x01000100 && symbol <= 0x0110ffff)
+        return symbol - 0x01000000;
+    return std::nullopt;
+}
+
+bool isLatinLetter(xcb_keysym_t symbol) {
+    return symbol >= 'a' && symbol <= 'z';
+}
+
+bool isLatin1(xcb_keysym_t symbol) {
+    return symbol <= 0xff;
+}
+
+} // namespace
+
+X11Keyboard::X11Keyboard(MainQueue &queue)
+    : m_queue(queue), m_grabPauses(grabPauses), m_focusPauses(focusPauses) {}
+
+X11Keyboard::~X11Keyboard() {
+    if (m_owner != XCB_NONE)
+        giveBack(m_owner);
+}
+
+void X11Keyboard::take(xcb_window_t window) {
+    if (m_owner == XCB_NONE) {
+        m_downBefore.reset();
+        m_focusedBefore = XCB_NONE;
+    }
+    m_owner = window;
+    m_isGrabbed = false;
+    m_grabPauses = grabPauses;
+    m_focusPauses = focusPauses;
+    focus();
+    grab();
+}
+
+void X11Keyboard::giveBack(xcb_window_t window) {
+    if (m_owner != window)
+        return;
+    m_nextGrab.cancel();
+    m_nextFocus.cancel();
+    const Reply<xcb_get_input_focus_reply_t> current(
+        xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+    if (current && current->focus == m_owner && m_focusedBefore != XCB_NONE) {
+        xcb_discard_reply(connection(),
+                          xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_POINTER_ROOT,
+                                                      m_focusedBefore, XCB_CURRENT_TIME)
+                              .sequence);
+    }
+    xcb_ungrab_keyboard(connection(), XCB_CURRENT_TIME);
+    xcb_flush(connection());
+    m_owner = XCB_NONE;
+    m_isGrabbed = false;
+}
+
+void X11Keyboard::focus() {
+    const Reply<xcb_get_input_focus_reply_t> current(
+        xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+    if (current && current->focus == m_owner)
+        return;
+    if (current)
+        m_focusedBefore = current->focus;
+    // Should the program die, the keys go to whatever the pointer is on, not nowhere.
+    xcb_discard_reply(connection(),
+                      xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_POINTER_ROOT,
+                                                  m_owner, XCB_CURRENT_TIME)
+                          .sequence);
+}
+
+void X11Keyboard::grab() {
+    if (m_isGrabbed || m_owner == XCB_NONE)
+        return;
+    // In one breath: a key that goes down later than the question is a press of ours.
+    const auto keymapAsked = xcb_query_keymap(connection());
+    const auto grabAsked = xcb_grab_keyboard(connection(), false, m_owner, XCB_CURRENT_TIME,
+                                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const std::bitset<256> down = keysDown(keymapAsked);
+    const Reply<xcb_grab_keyboard_reply_t> answer(
+        xcb_grab_keyboard_reply(connection(), grabAsked, nullptr));
+    m_isGrabbed = answer && answer->status == XCB_GRAB_STATUS_SUCCESS;
+    m_downBefore |= down;
+    if (m_isGrabbed) {
+        m_nextGrab.cancel();
+        granted.announce();
+    } else if (const auto pause = m_grabPauses.next()) {
+        m_nextGrab = m_queue.after(*pause, [this] { grab(); });
+    } else {
+        qCWarning(shieldLog, "Another program keeps the keyboard; no longer asking for it");
+    }
+}
+
+void X11Keyboard::noteRelease(xcb_keycode_t key) {
+    // The server reports a release ahead of each auto-repeat, too.
+    if (m_downBefore.test(key) && !keysDown(xcb_query_keymap(connection())).test(key))
+        m_downBefore.reset(key);
+}
+
+QString X11Keyboard::character(xcb_keycode_t key, std::uint16_t state) const {
+    const Reply<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+        connection(), xcb_get_keyboard_mapping(connection(), key, 1), nullptr));
+    if (!mapping)
+        return {};
+    // Plain and shifted symbol of the first layout, then of the second (core protocol, section 5).
+    std::array<xcb_keysym_t, 4> symbols{};
+    std::copy_n(xcb_get_keyboard_mapping_keysyms(mapping.get()),
+                std::min<int>(mapping->keysyms_per_keycode, symbols.size()), symbols.begin());
+    const unsigned layout = state >> 13 & 3;
+    if (layout > 1)
+        return {};
+    const unsigned isShifted = state & XCB_MOD_MASK_SHIFT ? 1 : 0;
+    xcb_keysym_t symbol = symbols[2 * layout + isShifted];
+    if (symbol == XCB_NO_SYMBOL)
+        symbol = symbols[2 * layout];
+    if (!isLatin1(symbol) && isLatinLetter(symbols[2 * (1 - layout)]))
+        symbol = symbols[2 * (1 - layout)];
+    const auto letter = unicode(symbol);
+    return letter ? QString::fromUcs4(&*letter, 1) : QString();
+}
+
+void X11Keyboard::handleEvent(const xcb_generic_event_t &event) {
+    const auto type = event.response_type & ~0x80;
+    if (m_owner == XCB_NONE || (type != XCB_FOCUS_IN && type != XCB_FOCUS_OUT))
+        return;
+    const auto &change = reinterpret_cast<const xcb_focus_in_event_t &>(event);
+    if (change.event != m_owner)
+        return;
+    if (type == XCB_FOCUS_IN) {
+        // Also sent at the end of another program's grab: no need to wait for the next attempt.
+        grab();
+    } else if (change.mode == XCB_NOTIFY_MODE_NORMAL ||
+               change.mode == XCB_NOTIFY_MODE_WHILE_GRABBED) {
+        regainFocusSoon();
+    }
+}
+
+void X11Keyboard::regainFocusSoon() {
+    if (const auto pause = m_focusPauses.next()) {
+        m_nextFocus = m_queue.after(*pause, [this] {
+            if (m_owner != XCB_NONE)
+                focus();
+        });
+    }
+}
+
+} // namespace vantrel

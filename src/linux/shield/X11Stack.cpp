@@ -1,0 +1,142 @@
+#include "X11Stack.h"
+
+#include "ShieldLog.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+/// Another program may want to be on top as well. The contest gets slower and ends after a minute.
+const Backoff raisePauses(Seconds{0.001}, Seconds{1}, 64);
+
+} // namespace
+
+X11Stack::X11Stack(MainQueue &queue, std::function<bool()> isKeyboardWithheld)
+    : m_queue(queue), m_isKeyboardWithheld(std::move(isKeyboardWithheld)), m_pauses(raisePauses) {}
+
+X11Stack::~X11Stack() {
+    while (!m_windows.empty())
+        remove(m_windows.back());
+}
+
+void X11Stack::add(xcb_window_t window) {
+    if (m_windows.empty()) {
+        m_pauses = raisePauses;
+        x11::selectEvents(x11::rootWindow(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    }
+    if (!isOurs(window))
+        m_windows.push_back(window);
+    x11::raise(window);
+}
+
+void X11Stack::remove(xcb_window_t window) {
+    if (std::erase(m_windows, window) > 0 && m_windows.empty()) {
+        m_check.cancel();
+        m_isChecking = false;
+        x11::deselectEvents(x11::rootWindow(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
+    }
+}
+
+void X11Stack::arrange() {
+    const xcb_window_t locker = lowestLocker();
+    for (const xcb_window_t window : m_windows) {
+        if (locker == XCB_NONE)
+            x11::raise(window);
+        else
+            x11::placeBelow(window, locker);
+    }
+    xcb_flush(x11::connection());
+}
+
+bool X11Stack::isLocked() const {
+    return lowestLocker() != XCB_NONE;
+}
+
+bool X11Stack::isOurs(xcb_window_t window) const {
+    return std::find(m_windows.begin(), m_windows.end(), window) != m_windows.end();
+}
+
+xcb_window_t X11Stack::lowestLocker() const {
+    if (!m_isKeyboardWithheld())
+        return XCB_NONE;
+    std::vector<QRect> frames;
+    for (const xcb_window_t window : m_windows)
+        frames.push_back(x11::describe(window).frame);
+    for (const xcb_window_t window : x11::stackingOrder()) {
+        if (isOurs(window) || x11::isServersOwn(window))
+            continue;
+        const x11::WindowFacts facts = x11::describe(window);
+        const auto isCovered = [&](const QRect &frame) { return facts.frame.contains(frame); };
+        if (facts.isVisible && facts.isUnmanaged &&
+            std::any_of(frames.begin(), frames.end(), isCovered))
+            return window;
+    }
+    return XCB_NONE;
+}
+
+bool X11Stack::isObscured() const {
+    std::vector<QRect> above;
+    const std::vector<xcb_window_t> order = x11::stackingOrder();
+    std::size_t unseen = m_windows.size();
+    for (auto window = order.rbegin(); window != order.rend() && unseen > 0; ++window) {
+        if (x11::isServersOwn(*window))
+            continue;
+        const x11::WindowFacts facts = x11::describe(*window);
+        if (!isOurs(*window)) {
+            if (facts.isVisible)
+                above.push_back(facts.frame);
+            continue;
+        }
+        --unseen;
+        if (std::any_of(above.begin(), above.end(),
+                        [&](const QRect &other) { return other.intersects(facts.frame); }))
+            return true;
+    }
+    return false;
+}
+
+void X11Stack::handleEvent(const xcb_generic_event_t &event) {
+    if (m_windows.empty())
+        return;
+    switch (event.response_type & ~0x80) {
+    case XCB_MAP_NOTIFY:
+        if (!isOurs(reinterpret_cast<const xcb_map_notify_event_t &>(event).window))
+            checkSoon();
+        break;
+    case XCB_CONFIGURE_NOTIFY:
+        if (!isOurs(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window))
+            checkSoon();
+        break;
+    case XCB_CIRCULATE_NOTIFY:
+    case XCB_REPARENT_NOTIFY:
+        checkSoon();
+        break;
+    default:
+        break;
+    }
+}
+
+void X11Stack::checkSoon() {
+    if (std::exchange(m_isChecking, true))
+        return;
+    m_check = m_queue.after(Seconds::zero(), [this] {
+        m_isChecking = false;
+        if (!isObscured() || isLocked())
+            return;
+        const auto pause = m_pauses.next();
+        if (!pause) {
+            qCWarning(shieldLog, "Another window stays above the panels");
+            return;
+        }
+        m_isChecking = true;
+        m_check = m_queue.after(*pause, [this] {
+            m_isChecking = false;
+            arrange();
+        });
+    });
+}
+
+} // namespace vantrel
