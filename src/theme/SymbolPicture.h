@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+namespace vantrel {
+
+/// A symbol of art/ as a picture of `pixels`, in one colour, turned clockwise by `degrees` about
+/// its middle. A name that is no symbol's gives a transparent picture and a line in the log.
+[[nodiscard]] QImage symbolPicture(const QString &name, QSize pixels, const QColor &color,
+                                   double degrees = 0.0);
+
+} // namespace vantrel

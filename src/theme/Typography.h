@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFont>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantrel {
+
+/// The faces and sizes of the program's texts. Both are read from the desktop on each call.
+class Typography : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    /// The user's size of text, in pixels, times 1.25 to the power of `step`. Step 0 is for
+    /// reading; `step` may be negative.
+    Q_INVOKABLE [[nodiscard]] static double size(int step);
+
+    /// The user's interface font.
+    Q_INVOKABLE [[nodiscard]] static QFont reading(double pixelSize, int weight);
+
+    /// The rounded face of headings and figures; the interface font where it is not installed.
+    Q_INVOKABLE [[nodiscard]] static QFont rounded(double pixelSize, int weight);
+};
+
+} // namespace vantrel
