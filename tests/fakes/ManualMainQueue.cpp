@@ -5,10 +5,10 @@
 namespace vantrel::fakes {
 
 void ManualMainQueue::advance(Seconds step) {
-    const MonotonicInstant end = m_uptime + step;
+    const Grid end = m_uptime + grid(step);
     while (!m_entries.empty() && m_entries.begin()->first.first <= end) {
         const auto first = m_entries.begin();
-        const MonotonicInstant deadline = first->first.first;
+        const Grid deadline = first->first.first;
         const Entry entry = std::move(first->second);
         m_entries.erase(first);
         if (entry.state->isCancelled)
@@ -18,7 +18,7 @@ void ManualMainQueue::advance(Seconds step) {
             m_uptime = deadline;
         }
         if (entry.interval > Seconds::zero()) {
-            schedule(entry.state, deadline + entry.interval, entry.interval);
+            schedule(entry.state, MonotonicInstant{deadline + entry.interval}, entry.interval);
             const auto work = entry.state->work;
             work();
         } else {
@@ -38,7 +38,8 @@ std::size_t ManualMainQueue::pendingCount() const {
 
 void ManualMainQueue::schedule(std::shared_ptr<ScheduledWork::State> state,
                                MonotonicInstant deadline, Seconds interval) {
-    m_entries.emplace(std::pair{deadline, m_sequence++}, Entry{std::move(state), interval});
+    m_entries.emplace(std::pair{grid(deadline.time_since_epoch()), m_sequence++},
+                      Entry{std::move(state), interval});
 }
 
 } // namespace vantrel::fakes
