@@ -1,0 +1,71 @@
+#pragma once
+
+#include <platform/EventStore.h>
+#include <platform/Published.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace vantrel {
+
+/// Tells one version of an item from another. What the numbers mean is the source's own affair.
+struct ItemVersion {
+    std::int64_t modified =
+        0; ///< Grows with time: among equal revisions of an event the later wins.
+    std::int64_t size = 0;
+    std::uint64_t serial = 0;
+
+    bool operator==(const ItemVersion &) const = default;
+};
+
+/// One unit in which a source delivers components: a file, or all components of one UID.
+struct SourceItem {
+    QByteArray name; ///< Unique within the calendar.
+    ItemVersion version;
+};
+
+struct SourceCalendar {
+    StoreCalendar calendar;
+    /// Whether a text may name and colour its calendar, being the whole of it.
+    bool isDescribedByText = false;
+    /// False when no item has come, gone or changed since this calendar was last asked for.
+    bool hasChanges = true;
+    /// Items to read again although their version is as before.
+    std::vector<QByteArray> rewrittenItems;
+};
+
+/// A place that calendars come from. It hands out iCalendar texts and does no calendar arithmetic.
+///
+/// `start` and `changed` belong to the main thread. The questions are asked on another thread, one
+/// at a time, and may wait for a disk or a service.
+class ComponentSource {
+public:
+    virtual ~ComponentSource() = default;
+
+    /// From here on changes are announced.
+    virtual void start() = 0;
+
+    /// Announced after an answer may have changed.
+    Announcer<> changed;
+
+    /// The calendars as they are, in an order that stays the same while the set does.
+    [[nodiscard]] virtual std::vector<SourceCalendar> calendars() = 0;
+
+    /// The items of one of those calendars, in any order. Empty when they cannot be had.
+    [[nodiscard]] virtual std::optional<std::vector<SourceItem>>
+    items(const QString &calendarIdentifier) = 0;
+
+    /// The iCalendar text of an item. Empty, with a line in the log, when it cannot be had.
+    [[nodiscard]] virtual std::optional<QByteArray> text(const QString &calendarIdentifier,
+                                                         const QByteArray &item) = 0;
+
+    /// What the log calls the item.
+    [[nodiscard]] virtual QString description(const QString &calendarIdentifier,
+                                              const QByteArray &item) const = 0;
+};
+
+} // namespace vantrel

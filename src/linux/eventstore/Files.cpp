@@ -1,0 +1,116 @@
+#include "Files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+
+namespace vantrel::files {
+
+namespace {
+
+/// Closes a descriptor at the end of a scope.
+class Descriptor {
+public:
+    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor() {
+        if (m_descriptor >= 0)
+            ::close(m_descriptor);
+    }
+    [[nodiscard]] int get() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+Entry entryOf(const char *name, const struct stat &status) {
+    Entry entry;
+    entry.name = name;
+    entry.isFolder = S_ISDIR(status.st_mode);
+    entry.modified =
+        static_cast<std::int64_t>(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec;
+    entry.size = status.st_size;
+    entry.inode = status.st_ino;
+    return entry;
+}
+
+} // namespace
+
+Status status(const QByteArray &path) {
+    struct stat found = {};
+    if (::stat(path.constData(), &found) != 0)
+        return {errno == ENOENT || errno == ENOTDIR ? Kind::missing : Kind::unreadable, 0, 0};
+    const Kind kind = S_ISDIR(found.st_mode)   ? Kind::folder
+                      : S_ISREG(found.st_mode) ? Kind::file
+                                               : Kind::other;
+    return {kind, found.st_dev, found.st_ino};
+}
+
+bool isWritable(const QByteArray &path) {
+    return ::access(path.constData(), W_OK) == 0;
+}
+
+std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error) {
+    const std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir(folder.constData()),
+                                                         &::closedir);
+    if (!directory) {
+        error = errno;
+        return std::nullopt;
+    }
+    std::vector<Entry> entries;
+    const int descriptor = ::dirfd(directory.get());
+    while (const dirent *one = ::readdir(directory.get())) {
+        struct stat found = {};
+        if (one->d_name[0] == '.' || ::fstatat(descriptor, one->d_name, &found, 0) != 0)
+            continue;
+        if (S_ISDIR(found.st_mode) || S_ISREG(found.st_mode))
+            entries.push_back(entryOf(one->d_name, found));
+    }
+    return entries;
+}
+
+std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit, int &error) {
+    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat found = {};
+    if (file.get() < 0 || ::fstat(file.get(), &found) != 0) {
+        error = errno;
+        return std::nullopt;
+    }
+    if (!S_ISREG(found.st_mode)) {
+        error = EINVAL;
+        return std::nullopt;
+    }
+    QByteArray bytes(std::clamp<std::int64_t>(found.st_size, 0, limit), Qt::Uninitialized);
+    qsizetype length = 0;
+    while (length < bytes.size()) {
+        const auto count = ::read(file.get(), bytes.data() + length,
+                                  static_cast<std::size_t>(bytes.size() - length));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0) {
+            error = errno;
+            return std::nullopt;
+        }
+        if (count == 0)
+            break;
+        length += count;
+    }
+    bytes.truncate(length);
+    return bytes;
+}
+
+QByteArray nameOf(const QByteArray &path) {
+    return path.mid(path.lastIndexOf('/') + 1);
+}
+
+QByteArray folderOf(const QByteArray &path) {
+    return path.left(std::max<qsizetype>(path.lastIndexOf('/'), 1));
+}
+
+} // namespace vantrel::files

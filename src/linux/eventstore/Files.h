@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace vantrel::files {
+
+/// What a name in a folder stands for, symbolic links followed.
+struct Entry {
+    QByteArray name;
+    bool isFolder = false;
+    std::int64_t modified = 0; ///< Nanoseconds since 1970.
+    std::int64_t size = 0;
+    std::uint64_t inode = 0;
+};
+
+enum class Kind { missing, folder, file, other, unreadable };
+
+struct Status {
+    Kind kind = Kind::missing;
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+};
+
+[[nodiscard]] Status status(const QByteArray &path);
+
+[[nodiscard]] bool isWritable(const QByteArray &path);
+
+/// The folders and regular files in a folder whose names do not begin with a dot. Empty when the
+/// folder cannot be read; `error` is then the system's number for why.
+[[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error);
+
+/// What a regular file holds, at most `limit` bytes of it. Empty when it cannot be read; `error`
+/// is then the system's number for why. Never waits for a writer, as a pipe would.
+[[nodiscard]] std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit,
+                                             int &error);
+
+/// The last part of a path.
+[[nodiscard]] QByteArray nameOf(const QByteArray &path);
+
+/// All but the last part; "/" of a path with one part.
+[[nodiscard]] QByteArray folderOf(const QByteArray &path);
+
+} // namespace vantrel::files

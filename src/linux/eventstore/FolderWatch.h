@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <vector>
+
+struct inotify_event;
+
+namespace vantrel {
+
+/// Notices what happens in folders, by inotify, on one descriptor. Made and destroyed on the main
+/// thread, where it also reports; folders may be added from any thread.
+class FolderWatch {
+public:
+    struct Event {
+        QByteArray folder;
+        QByteArray name;          ///< Empty when the folder itself is meant.
+        bool isRewritten = false; ///< What the file holds may be different.
+    };
+
+    /// What happened since the last report; without a value everything may have.
+    using Report = std::function<void(const std::optional<std::vector<Event>> &)>;
+
+    explicit FolderWatch(Report report);
+    FolderWatch(const FolderWatch &) = delete;
+    FolderWatch &operator=(const FolderWatch &) = delete;
+    ~FolderWatch();
+
+    /// Begins to watch a folder, or goes on; with a `name`, for the sake of that name alone. What
+    /// happens after the call returns is reported. False when the system allows no more watches.
+    bool add(const QByteArray &folder, const QByteArray &name = {});
+
+    /// Ends all watches that were not added since the last call of this.
+    void sweep();
+
+private:
+    struct Folder {
+        QByteArray path;
+        bool isWhole = false;       ///< Every name in it counts.
+        std::set<QByteArray> names; ///< Those that count when not all do.
+        bool isWanted = true;
+    };
+
+    void read();
+    void take(const inotify_event &event, std::vector<Event> &events);
+
+    Report m_report;
+    int m_descriptor = -1;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::mutex m_mutex; ///< Guards the folders.
+    std::map<int, Folder> m_folders;
+};
+
+} // namespace vantrel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "CalendarCatalog.h"
+#include "ComponentSource.h"
+#include "EventIndex.h"
+#include "ZoneRegistry.h"
+
+#include <QStringList>
+#include <QTimeZone>
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vantrel {
+
+/// The catalogs of all calendars of all sources. Reads and expands; used by one thread at a time.
+class StoreCatalog {
+public:
+    /// The sources outlive the catalog.
+    StoreCatalog(std::vector<ComponentSource *> sources, QStringList addresses);
+
+    /// Brings everything in line with the sources, the window and the user's zone. Empty when no
+    /// answer can have become different.
+    std::optional<EventIndex::Calendars> bring(Window window, const QTimeZone &userZone);
+
+    /// From any thread: a `bring` under way ends soon, with whatever it has.
+    void stop() { m_isStopping = true; }
+
+private:
+    struct Known {
+        CalendarCatalog catalog;
+        std::shared_ptr<const CalendarOccurrences> occurrences;
+    };
+
+    std::vector<ComponentSource *> m_sources;
+    QStringList m_addresses;
+    ZoneRegistry m_zones;
+    std::map<QString, Known> m_known; ///< By calendar identifier.
+    std::vector<QString> m_order;
+    Window m_window;
+    QTimeZone m_userZone;
+    std::atomic<bool> m_isStopping = false;
+};
+
+} // namespace vantrel

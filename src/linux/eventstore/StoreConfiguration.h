@@ -1,0 +1,39 @@
+#pragma once
+
+#include "FolderSource.h"
+
+#include <platform/Time.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vantrel {
+
+/// What a store reads, for whom, and how far it looks.
+struct StoreConfiguration {
+    std::vector<FolderRoot> roots;
+    QStringList addresses; ///< The user's own, lower case, without "mailto:".
+
+    /// The window goes from so many days before today's midnight to so many behind it, and moves
+    /// along with the clock.
+    int daysBefore = 1;
+    int daysAfter = 17;
+
+    /// A window that stands still instead, for a question that is asked once.
+    std::optional<std::pair<Instant, Instant>> fixedWindow;
+
+    /// What the user has set up: `$XDG_DATA_HOME/Vantrel/calendars`, and the folders and addresses
+    /// in `$XDG_CONFIG_HOME/Vantrel/calendars.json`:
+    /// `{"folders": ["/path"], "addresses": ["me@example.com"]}`. A file that cannot be read is
+    /// logged and passed over; a "~/" at the beginning of a folder means the home folder.
+    static StoreConfiguration ofUser();
+
+    /// Those paths and nothing else; the user's addresses all the same.
+    static StoreConfiguration ofPaths(const QStringList &paths);
+};
+
+} // namespace vantrel

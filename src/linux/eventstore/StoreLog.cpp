@@ -1,0 +1,7 @@
+#include "StoreLog.h"
+
+namespace vantrel {
+
+VANTREL_LOG(eventStoreLog, "EventStore")
+
+} // namespace vantrel

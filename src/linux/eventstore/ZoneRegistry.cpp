@@ -1,0 +1,76 @@
+#include "ZoneRegistry.h"
+
+#include "ZoneRules.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vantrel {
+
+namespace {
+
+/// Names are looked up as paths below the zone database: none may leave it.
+bool isZoneName(QByteArrayView name) {
+    return !name.isEmpty() && name.size() <= 64 && !name.startsWith('/') &&
+           std::all_of(name.begin(), name.end(), [](char character) {
+               return (character >= 'a' && character <= 'z') ||
+                      (character >= 'A' && character <= 'Z') ||
+                      (character >= '0' && character <= '9') || character == '/' ||
+                      character == '_' || character == '-' || character == '+';
+           });
+}
+
+std::optional<QTimeZone> zoneNamed(const QByteArray &name) {
+    if (!isZoneName(name))
+        return std::nullopt;
+    QTimeZone zone(name);
+    return zone.isValid() ? std::optional(std::move(zone)) : std::nullopt;
+}
+
+std::optional<QTimeZone> findZone(QByteArrayView name) {
+    const QByteArray windowsName = QTimeZone::windowsIdToDefaultIanaId(name.toByteArray());
+    if (!windowsName.isEmpty())
+        return zoneNamed(windowsName);
+    if (auto zone = zoneNamed(name.toByteArray()))
+        return zone;
+    // A vendor's prefix is cut off folder by folder: names hold up to two slashes themselves.
+    for (auto slash = name.indexOf('/'); slash >= 0; slash = name.indexOf('/')) {
+        name = name.sliced(slash + 1);
+        if (auto zone = zoneNamed(name.toByteArray()))
+            return zone;
+    }
+    return std::nullopt;
+}
+
+constexpr qsizetype maximumZones = 2000;
+
+} // namespace
+
+std::shared_ptr<const Zone> ZoneRegistry::systemZone(QByteArrayView name) {
+    const QByteArray key = name.trimmed().toByteArray();
+    const auto known = m_system.constFind(key);
+    if (known != m_system.constEnd())
+        return *known;
+    std::shared_ptr<const Zone> zone;
+    if (auto found = findZone(key))
+        zone = std::make_shared<const Zone>(std::move(*found));
+    if (m_system.size() < maximumZones)
+        m_system.insert(key, zone);
+    return zone;
+}
+
+std::shared_ptr<const Zone> ZoneRegistry::describedZone(const std::vector<ContentLine> &lines) {
+    QByteArray key;
+    for (const ContentLine &line : lines) {
+        key.append(line.name).append(':').append(line.value).append('\n');
+    }
+    const auto known = m_described.constFind(key);
+    if (known != m_described.constEnd())
+        return *known;
+    std::shared_ptr<const Zone> zone = zoneFromRules(lines);
+    if (m_described.size() < maximumZones)
+        m_described.insert(key, zone);
+    return zone;
+}
+
+} // namespace vantrel
