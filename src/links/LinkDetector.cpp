@@ -1,5 +1,9 @@
 #include "LinkDetector.h"
 
+#include "TextScanner.h"
+
+#include <QLocale>
+
 namespace vantrel {
 
 namespace {
@@ -21,6 +25,44 @@ bool isDomainOrBelow(const QString &host, QLatin1String domain) {
 }
 
 } // namespace
+
+LinkDetector::Detection LinkDetector::detect(const std::optional<Url> &url,
+                                             const std::optional<QString> &location,
+                                             const std::optional<QString> &notes) {
+    Detection detection;
+    if (url) {
+        if (const auto provider = videoProvider(*url))
+            detection.video = MeetingLink::video(*provider, *url);
+    }
+    for (const auto *text : {&location, &notes}) {
+        if (*text)
+            scanText(**text, detection.video, detection.phone);
+    }
+    return detection;
+}
+
+void LinkDetector::scanText(const QString &text, std::optional<MeetingLink> &video,
+                            std::optional<MeetingLink> &phone) {
+    TextScanner scanner(text, QLocale().territory());
+    if (video)
+        scanner.ignore(TextScanner::Kind::link);
+    if (phone)
+        scanner.ignore(TextScanner::Kind::phoneNumber);
+    while (!(video && phone)) {
+        const auto match = scanner.next();
+        if (!match)
+            return;
+        if (match->kind == TextScanner::Kind::phoneNumber) {
+            phone = MeetingLink::phone(match->text);
+            scanner.ignore(TextScanner::Kind::phoneNumber);
+        } else if (const auto url = Url::fromString(match->text)) {
+            if (const auto provider = videoProvider(*url)) {
+                video = MeetingLink::video(*provider, *url);
+                scanner.ignore(TextScanner::Kind::link);
+            }
+        }
+    }
+}
 
 std::optional<VideoProvider> LinkDetector::videoProvider(const Url &url) {
     const QString host = url.host().toLower();

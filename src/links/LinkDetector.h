@@ -33,9 +33,6 @@ struct LinkDetector {
     [[nodiscard]] static std::optional<MeetingLink::VideoProvider> videoProvider(const Url &url);
 
 private:
-    static Detection detectAfresh(const std::optional<Url> &url,
-                                  const std::optional<QString> &location,
-                                  const std::optional<QString> &notes);
     static void scanText(const QString &text, std::optional<MeetingLink> &video,
                          std::optional<MeetingLink> &phone);
 };
