@@ -27,8 +27,7 @@ QString lastSystemError() {
 }
 
 /// Puts a rename on the disk: it is there only once its folder is. Answers what went wrong.
-std::optional<QString> syncFolder(const QString &path) {
-    const QString folder = QFileInfo(QFileInfo(path).canonicalFilePath()).path();
+std::optional<QString> syncFolder(const QString &folder) {
     const int descriptor =
         ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
@@ -41,9 +40,19 @@ std::optional<QString> syncFolder(const QString &path) {
     return error;
 }
 
+/// Where the symbolic links at `path` lead in the end, whether there is a file or not: QSaveFile
+/// would put a file in place of a link that points nowhere yet. Links may form a circle.
+QString linkTarget(QString path) {
+    constexpr int mostLinks = 40; // as many as the kernel follows
+    for (int link = 0; link < mostLinks && QFileInfo(path).isSymLink(); ++link)
+        path = QFileInfo(path).symLinkTarget();
+    return path;
+}
+
 /// Answers what went wrong; the file then holds the old text or the new one, never a part.
 std::optional<QString> replace(const QString &path, const QByteArray &text) {
-    QSaveFile file(path);
+    const QString target = linkTarget(path);
+    QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
         file.write(text) != text.size() || !file.flush())
@@ -53,16 +62,14 @@ std::optional<QString> replace(const QString &path, const QByteArray &text) {
         return lastSystemError();
     if (!file.commit())
         return file.errorString();
-    return syncFolder(path);
+    return syncFolder(QFileInfo(target).absolutePath());
 }
 
-void makeFolder(const QString &path) {
-    const QFileInfo folder(QFileInfo(path).absolutePath());
-    if (folder.exists())
+void makeFolder(const QString &folder) {
+    if (QFileInfo::exists(folder) || !QDir().mkpath(folder))
         return;
-    QDir().mkpath(folder.absolutePath());
-    // A new folder for settings is its owner's alone (XDG base directory specification).
-    QFile::setPermissions(folder.absoluteFilePath(),
+    // A folder for settings is its owner's alone (XDG base directory specification).
+    QFile::setPermissions(folder,
                           QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
@@ -71,9 +78,11 @@ void makeFolder(const QString &path) {
 SettingsFile::SettingsFile(QString path) : m_path(std::move(path)) {}
 
 QJsonObject SettingsFile::load() const {
-    QFile file(m_path);
-    if (!file.exists())
+    std::error_code code;
+    const auto status = std::filesystem::status(m_path.toStdU16String(), code);
+    if (status.type() == std::filesystem::file_type::not_found)
         return {};
+    QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         qCCritical(userDefaultsLog).noquote()
             << "Cannot open the settings" << m_path + QLatin1Char(':') << file.errorString();
@@ -93,7 +102,7 @@ QJsonObject SettingsFile::load() const {
 }
 
 bool SettingsFile::save(const QJsonObject &object) {
-    makeFolder(m_path);
+    makeFolder(QFileInfo(m_path).absolutePath());
     const std::optional<QString> error =
         replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Indented));
     if (error && !m_isFailing)
