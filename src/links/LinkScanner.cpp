@@ -109,6 +109,11 @@ std::optional<LinkScanner::Link> LinkScanner::linkWithScheme(const Run &run, Sea
     if (start == run.end || isHttpAt(body)) // a scheme before a whole link is a slip
         return std::nullopt;
 
+    const char16_t first = at(body);
+    const bool hasHost = first != u'/' && first != u'?' && first != u'#';
+    if (!hasHost && isHttpAt(start)) // nowhere to go
+        return std::nullopt;
+
     const LinkExtent extent(m_text, start, body);
     if (extent.end() == body)
         return std::nullopt;

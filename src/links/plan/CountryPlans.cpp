@@ -77,25 +77,35 @@ State CountryPlans::described(const Description &description, const Description 
             std::set<int>(lengths.possible_length().begin(), lengths.possible_length().end())));
 }
 
-/// The first format that fits a number says whether it is written with the trunk prefix.
+/// The first format that fits a number says whether it is written with the trunk prefix; a number
+/// that fits none has no usual form, so it may lack it.
 State CountryPlans::writtenWithoutTrunkPrefix(const Metadata &region) {
     const Metadata &formats =
         region.number_format_size() > 0 ? region : *m_mainRegions.at(region.country_code());
     State rest = m_byCallingCode.at(region.country_code());
     State without = DigitLanguages::nothing;
+    const State anyFurtherDigits = m_languages.upToLength(longestNationalNumber);
     for (const auto &format : formats.number_format()) {
         State fitting = m_languages.intersect(rest, m_languages.matching(format.pattern()));
         if (const int patterns = format.leading_digits_pattern_size(); patterns > 0)
             fitting = m_languages.intersect(
-                fitting, m_languages.startingWith(format.leading_digits_pattern(patterns - 1),
-                                                  longestNationalNumber));
+                fitting, m_languages.matching(format.leading_digits_pattern(patterns - 1),
+                                              anyFurtherDigits));
         const std::string &rule = format.national_prefix_formatting_rule();
         const bool hasPrefix = rule.find(region.national_prefix()) < rule.find('$');
         if (!hasPrefix || format.national_prefix_optional_when_formatting())
             without = m_languages.unite(without, fitting);
         rest = m_languages.subtract(rest, fitting);
     }
-    return without;
+    return m_languages.unite(without, rest);
+}
+
+/// The pattern knows all trunk prefixes of a region, unless it is a rule for rewriting numbers.
+State CountryPlans::writtenWithTrunkPrefix(const Metadata &region) {
+    const State numbers = m_byCallingCode.at(region.country_code());
+    if (region.has_national_prefix_transform_rule())
+        return m_languages.prefixed(region.national_prefix(), numbers);
+    return m_languages.matching(region.national_prefix_for_parsing(), numbers);
 }
 
 std::map<std::string, CountryPlans::Region> CountryPlans::regions() {
@@ -103,10 +113,9 @@ std::map<std::string, CountryPlans::Region> CountryPlans::regions() {
     for (const Metadata &region : m_collection.metadata()) {
         if (isDigits(region.id())) // "001": a calling code without a country, for satellites say
             continue;
-        const State numbers = m_byCallingCode.at(region.country_code());
-        State dialled = numbers;
-        if (const std::string &trunk = region.national_prefix(); !trunk.empty())
-            dialled = m_languages.unite(m_languages.prefixed(trunk, numbers),
+        State dialled = m_byCallingCode.at(region.country_code());
+        if (!region.national_prefix().empty())
+            dialled = m_languages.unite(writtenWithTrunkPrefix(region),
                                         writtenWithoutTrunkPrefix(region));
         if (const std::string abroad = prefixAbroad(region); !abroad.empty())
             dialled = m_languages.unite(dialled, m_languages.prefixed(abroad, m_international));

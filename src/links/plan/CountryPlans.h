@@ -36,6 +36,7 @@ private:
 
     DigitLanguages::State numbersOf(const Metadata &region);
     DigitLanguages::State described(const Description &description, const Description &general);
+    DigitLanguages::State writtenWithTrunkPrefix(const Metadata &region);
     DigitLanguages::State writtenWithoutTrunkPrefix(const Metadata &region);
 
     DigitLanguages &m_languages;

@@ -17,14 +17,18 @@ DigitLanguages::State DigitLanguages::intern(const Node &node) {
 }
 
 DigitLanguages::State DigitLanguages::matching(std::string_view pattern) {
-    return PatternReader(*this, pattern).read(emptyString);
+    return matching(pattern, emptyString);
 }
 
-DigitLanguages::State DigitLanguages::startingWith(std::string_view pattern, int more) {
+DigitLanguages::State DigitLanguages::matching(std::string_view pattern, State rest) {
+    return PatternReader(*this, pattern).read(rest);
+}
+
+DigitLanguages::State DigitLanguages::upToLength(int most) {
     std::set<int> lengths;
-    for (int length = 0; length <= more; ++length)
+    for (int length = 0; length <= most; ++length)
         lengths.insert(length);
-    return PatternReader(*this, pattern).read(ofLengths(lengths));
+    return ofLengths(lengths);
 }
 
 DigitLanguages::State DigitLanguages::ofLengths(const std::set<int> &lengths) {

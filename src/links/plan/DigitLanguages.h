@@ -34,10 +34,11 @@ public:
     /// for anything else.
     State matching(std::string_view pattern);
 
-    /// The same, each followed by up to `more` further digits.
-    State startingWith(std::string_view pattern, int more);
+    /// The same, each followed by a string of `rest`.
+    State matching(std::string_view pattern, State rest);
 
     State ofLengths(const std::set<int> &lengths);
+    State upToLength(int most);
     State unite(State left, State right);
     State intersect(State left, State right);
     State subtract(State left, State right);
