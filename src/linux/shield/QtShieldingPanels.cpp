@@ -29,6 +29,7 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
         return nullptr;
     std::erase_if(m_windows, [](const QPointer<QWindow> &window) { return !window; });
     std::unique_ptr<QWindow> window = m_engine->makeWindow(content);
+    window->setTitle(QStringLiteral("Vantrel takeover"));
     m_windows.emplace_back(window.get());
     auto *events =
         new PanelEvents(*window, role, KeyPresses(m_shield ? &m_shield->keyboard() : nullptr),

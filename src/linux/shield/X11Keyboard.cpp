@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace vantrel {
 
@@ -60,11 +61,11 @@ void X11Keyboard::take(xcb_window_t window) {
         m_downBefore.reset();
         m_focusedBefore = XCB_NONE;
     }
-    m_owner = window;
+    const xcb_window_t formerOwner = std::exchange(m_owner, window);
     m_isGrabbed = false;
     m_grabPauses = grabPauses;
     m_focusPauses = focusPauses;
-    focus();
+    focus(formerOwner);
     grab();
 }
 
@@ -87,12 +88,12 @@ void X11Keyboard::giveBack(xcb_window_t window) {
     m_isGrabbed = false;
 }
 
-void X11Keyboard::focus() {
+void X11Keyboard::focus(xcb_window_t formerOwner) {
     const Reply<xcb_get_input_focus_reply_t> current(
         xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
     if (current && current->focus == m_owner)
         return;
-    if (current)
+    if (current && (formerOwner == XCB_NONE || current->focus != formerOwner))
         m_focusedBefore = current->focus;
     // Should the program die, the keys go to whatever the pointer is on, not nowhere.
     xcb_discard_reply(connection(),
@@ -171,7 +172,7 @@ void X11Keyboard::regainFocusSoon() {
     if (const auto pause = m_focusPauses.next()) {
         m_nextFocus = m_queue.after(*pause, [this] {
             if (m_owner != XCB_NONE)
-                focus();
+                focus(XCB_NONE);
         });
     }
 }

@@ -52,7 +52,7 @@ public:
     void handleEvent(const xcb_generic_event_t &event);
 
 private:
-    void focus();
+    void focus(xcb_window_t formerOwner);
     void grab();
     void regainFocusSoon();
 

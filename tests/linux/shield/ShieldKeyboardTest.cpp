@@ -1,0 +1,192 @@
+#include "ShieldingPanelsTest.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
+
+namespace vantrel::tests {
+namespace {
+
+using Kind = OtherProgram::Kind;
+
+/// Counts the key presses that the X server sends to this program, auto-repeats
+/// included.
+class DeliveredKeys : public QAbstractNativeEventFilter {
+public:
+    explicit DeliveredKeys(xcb_keycode_t key) : m_key(key) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+    }
+    ~DeliveredKeys() override { QCoreApplication::instance()->removeNativeEventFilter(this); }
+
+    int presses = 0;
+
+    bool nativeEventFilter(const QByteArray &, void *message, qintptr *) override {
+        const auto *event = static_cast<xcb_generic_event_t *>(message);
+        presses += (event->response_type & ~0x80) == XCB_KEY_PRESS && event->pad0 == m_key;
+        return false;
+    }
+
+private:
+    xcb_keycode_t m_key;
+};
+
+class ShieldKeyboardTest : public ShieldingPanelsTest {
+protected:
+    ShieldKeyboardTest() { run({"xset", "r", "rate", "40", "100"}); }
+
+    /// A window of another program that has the keyboard.
+    xcb_window_t showFocusedWindow() {
+        const xcb_window_t window =
+            desktop.show(Kind::ordinary, QRect(100, 100, 300, 200), Qt::red);
+        program().focus(window);
+        EXPECT_TRUE(waitUntil([&] { return program().focused() == window; }));
+        return window;
+    }
+
+    std::vector<Key> keys() const {
+        std::vector<Key> found;
+        for (const KeyPress &press : presses)
+            found.push_back(press.key);
+        return found;
+    }
+};
+
+TEST_P(ShieldKeyboardTest, HearsAKeyPressedRightAfterTheyAreInFront) {
+    showFocusedWindow();
+    showPanels();
+    program().strikeKey(keycode::space);
+    EXPECT_TRUE(waitUntil([this] { return !presses.empty(); }));
+    EXPECT_EQ(keys(), std::vector{Key::space});
+}
+
+TEST_P(ShieldKeyboardTest, NamesTheKeysOfATakeover) {
+    showPanels();
+    for (const xcb_keycode_t key :
+         {keycode::escape, keycode::space, keycode::enter, keycode::keypadEnter, keycode::a})
+        program().strikeKey(key);
+    EXPECT_TRUE(waitUntil([this] { return presses.size() == 5; }));
+    EXPECT_EQ(keys(), (std::vector{Key::escape, Key::space, Key::enter, Key::enter, Key::other}));
+}
+
+TEST_P(ShieldKeyboardTest, DoesNotTakeAKeyThatWasHeldBeforeForAPress) {
+    showFocusedWindow();
+    program().pressKey(keycode::space);
+    showPanels();
+    DeliveredKeys repeats(keycode::space);
+    EXPECT_TRUE(waitUntil([&] { return repeats.presses >= 5; })) << "the key does not repeat";
+    EXPECT_EQ(presses.size(), 0u);
+
+    program().releaseKey(keycode::space);
+    EXPECT_TRUE(hearsAnotherKey()); // A release and a press in one millisecond are an auto-repeat.
+    program().strikeKey(keycode::space);
+    EXPECT_TRUE(waitUntil([this] { return presses.size() == 2; }));
+    EXPECT_EQ(keys(), (std::vector{Key::other, Key::space}));
+}
+
+TEST_P(ShieldKeyboardTest, CountsAKeyThatIsHeldOnce) {
+    showPanels();
+    DeliveredKeys repeats(keycode::space);
+    program().pressKey(keycode::space);
+    EXPECT_TRUE(waitUntil([&] { return repeats.presses >= 5; })) << "the key does not repeat";
+    program().releaseKey(keycode::space);
+    EXPECT_TRUE(hearsAnotherKey());
+    EXPECT_EQ(keys(), (std::vector{Key::space, Key::other}));
+}
+
+TEST_P(ShieldKeyboardTest, GetsTheKeyboardWhenTheProgramThatHasGrabbedItLetsGo) {
+    showFocusedWindow();
+    ASSERT_TRUE(program().grabKeyboard());
+    showPanels();
+    EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
+    program().strikeKey(keycode::space);
+    program().letGoOfKeyboard();
+    EXPECT_TRUE(hearsAnotherKey());
+    EXPECT_EQ(keys(), std::vector{Key::other}) << "a key of the other program was taken";
+    EXPECT_FALSE(program().grabKeyboard()) << "the panel has the focus, but not the keyboard";
+}
+
+TEST_P(ShieldKeyboardTest, DoesNotTakeAKeyHeldUnderAnotherProgramsGrabForAPress) {
+    ASSERT_TRUE(program().grabKeyboard());
+    showPanels();
+    program().pressKey(keycode::space);
+    program().letGoOfKeyboard();
+    DeliveredKeys repeats(keycode::space);
+    EXPECT_TRUE(waitUntil([&] { return repeats.presses >= 5; })) << "the key does not repeat";
+    EXPECT_EQ(presses.size(), 0u);
+}
+
+TEST_P(ShieldKeyboardTest, KeepsTheKeyboardWhenAnotherWindowTakesTheFocus) {
+    showPanels();
+    const xcb_window_t other = desktop.program().openWindow(Kind::fullScreen, leftMonitor, Qt::red);
+    EXPECT_TRUE(waitUntil([&] { return program().isViewable(other); }));
+    program().focus(other);
+    EXPECT_TRUE(hearsAnotherKey());
+    EXPECT_TRUE(waitUntil([&] { return program().focused() != other; }));
+}
+
+TEST_P(ShieldKeyboardTest, GivesTheFocusBackToTheWindowThatHadIt) {
+    const xcb_window_t other = showFocusedWindow();
+    showPanels();
+    EXPECT_NE(program().focused(), other);
+    interactive->orderOut();
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == other; }));
+}
+
+TEST_P(ShieldKeyboardTest, GivesTheFocusBackWhenThePanelIsDestroyed) {
+    const xcb_window_t other = showFocusedWindow();
+    showPanels();
+    interactive.reset();
+    echo.reset();
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == other; }));
+}
+
+TEST_P(ShieldKeyboardTest, FreesTheKeyboardForOthersWhenItIsOrderedOut) {
+    showPanels();
+    EXPECT_FALSE(program().grabKeyboard());
+    interactive->orderOut();
+    EXPECT_TRUE(program().grabKeyboard());
+}
+
+TEST_P(ShieldKeyboardTest, FreesTheKeyboardForOthersWhenThePanelIsDestroyed) {
+    showPanels();
+    interactive.reset();
+    EXPECT_TRUE(program().grabKeyboard());
+}
+
+TEST_P(ShieldKeyboardTest, HandsTheKeyboardOnToThePanelThatReplacesIt) {
+    const xcb_window_t other = showFocusedWindow();
+    showPanels();
+    echo = makePanel(rightMonitor, PanelRole::interactive);
+    echo->orderFront();
+    interactive.reset();
+    EXPECT_FALSE(program().grabKeyboard());
+    EXPECT_TRUE(hearsAnotherKey());
+    echo.reset();
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == other; }));
+}
+
+TEST_P(ShieldKeyboardTest, HearsNothingMoreOnceTheSubscriptionIsDropped) {
+    showPanels();
+    EXPECT_TRUE(hearsAnotherKey());
+    monitor.reset();
+    DeliveredKeys keysDelivered(keycode::s);
+    program().strikeKey(keycode::s);
+    EXPECT_TRUE(waitUntil([&] { return keysDelivered.presses == 1; }));
+    EXPECT_EQ(presses.size(), 1u);
+}
+
+TEST_P(ShieldKeyboardTest, LetsAKeyDestroyThePanelThatHeardIt) {
+    showPanels();
+    monitor = panels.monitorKeyDown([this](const KeyPress &) {
+        interactive.reset();
+        echo.reset();
+        return true;
+    });
+    program().strikeKey(keycode::escape);
+    EXPECT_TRUE(waitUntil([this] { return !interactive && shows(leftMonitor, Qt::black); }));
+}
+
+} // namespace
+
+VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldKeyboardTest);
+
+} // namespace vantrel::tests

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Desktop.h"
+
+#include <linux/mainqueue/QtMainQueue.h>
+#include <linux/shield/QtScreenLayout.h>
+#include <linux/shield/QtShieldingPanels.h>
+
+#include <QColor>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+namespace vantrel::tests {
+
+inline const QColor interactiveColor(0x20, 0x60, 0x90);
+inline const QColor echoColor(0x90, 0x60, 0x20);
+
+/// The real panels on a real X server, under the window manager that the
+/// parameter names.
+class ShieldingPanelsTest : public testing::TestWithParam<const char *> {
+protected:
+    QtMainQueue queue;
+    Desktop desktop{GetParam()};
+    QtScreenLayout layout{queue};
+    QtShieldingPanels panels{queue};
+    std::vector<KeyPress> presses;
+    bool consumes = true;
+    Subscription monitor = panels.monitorKeyDown([this](const KeyPress &press) {
+        presses.push_back(press);
+        return consumes;
+    });
+
+    OtherProgram &program() { return desktop.program(); }
+
+    [[nodiscard]] std::unique_ptr<ShieldingPanel>
+    makePanel(const QRect &monitorFrame, PanelRole role, const QString &type = u"Plain"_qs);
+
+    /// Panels over both monitors, in front; the left one is interactive.
+    std::unique_ptr<ShieldingPanel> interactive;
+    std::unique_ptr<ShieldingPanel> echo;
+    void showPanels();
+
+    /// Whether every single pixel of the area has the colour.
+    [[nodiscard]] bool shows(const QRect &area, const QColor &color);
+    [[nodiscard]] bool areBothCovered();
+
+    /// Runs the loop until the interactive panel hears a key pressed from here
+    /// on; shows that all events from before have been dealt with.
+    bool hearsAnotherKey();
+};
+
+[[nodiscard]] inline std::string nameOfManager(const testing::TestParamInfo<const char *> &info) {
+    return *info.param ? info.param : "none";
+}
+
+/// Runs a suite's tests with each window manager and with none.
+#define VANTREL_UNDER_EACH_WINDOW_MANAGER(Suite)                                                   \
+    INSTANTIATE_TEST_SUITE_P(WindowManager, Suite, testing::Values("", "openbox", "xfwm4"),        \
+                             nameOfManager)
+
+} // namespace vantrel::tests

@@ -1,0 +1,8 @@
+import QtQuick
+
+Rectangle {
+    required property string title
+    property int missing: doesNotExist
+
+    NoSuchElement {}
+}
