@@ -2,11 +2,9 @@
 
 #include <QLocale>
 
-#include <utility>
-
 namespace vantrel {
 
-RescueDateKey::Formatter::Formatter(QTimeZone timeZone) : m_timeZone(std::move(timeZone)) {}
+RescueDateKey::Formatter::Formatter(const QTimeZone &timeZone) : m_timeZone(timeZone) {}
 
 QString RescueDateKey::Formatter::string(Instant instant) const {
     const QDate day = LocalCalendar(m_timeZone, QLocale::c()).dateTime(instant).date();

@@ -15,7 +15,7 @@ struct RescueDateKey {
 
     class Formatter {
     public:
-        explicit Formatter(QTimeZone timeZone);
+        explicit Formatter(const QTimeZone &timeZone);
 
         [[nodiscard]] QString string(Instant instant) const;
 

@@ -63,7 +63,7 @@ std::optional<QStringList> JsonUserDefaults::stringArray(const QString &key) con
     if (!value.isArray())
         return std::nullopt;
     QStringList strings;
-    for (const QJsonValue &element : value.toArray()) {
+    for (const auto &element : value.toArray()) {
         if (!element.isString())
             return std::nullopt;
         strings.append(element.toString());
@@ -76,7 +76,7 @@ std::optional<std::vector<std::int64_t>> JsonUserDefaults::integerArray(const QS
     if (!value.isArray())
         return std::nullopt;
     std::vector<std::int64_t> integers;
-    for (const QJsonValue &element : value.toArray()) {
+    for (const auto &element : value.toArray()) {
         const auto number = wholeNumber(element);
         if (!number)
             return std::nullopt;
