@@ -18,11 +18,11 @@ namespace {
 constexpr std::array degrees{-42.0, -26.0, -12.0, 0.0, 9.0, 21.0, 35.0, 55.0};
 
 /// The distance of the paws in a row, in paws; rows stand closer than that and are shifted by half.
-constexpr double pitch = 6.5;
-constexpr double rowPitch = 5.0;
+constexpr double pitch = 5.6;
+constexpr double rowPitch = 4.3;
 
 /// How far a paw may stand from its place in the grid, in paws, either way.
-constexpr double strewn = 1.6;
+constexpr double strewn = 1.4;
 
 /// Well-mixed bits for a place in the grid: the same ones each time.
 std::uint64_t bitsFor(int row, int column) {

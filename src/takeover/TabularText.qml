@@ -12,22 +12,12 @@ Item {
     property int changeLength: 0
 
     readonly property list<string> parts: root.text.match(/\d|\D+/g) ?? []
-    readonly property real figureWidth: {
-        let widest = 0;
-        for (const figure of "0123456789")
-            widest = Math.max(widest, metrics.advanceWidth(figure));
-        return Math.ceil(widest);
-    }
+    readonly property real figureWidth: Math.ceil(Typography.figureAdvance(root.font))
 
     implicitWidth: row.implicitWidth
     implicitHeight: row.implicitHeight
     Accessible.role: Accessible.StaticText
     Accessible.name: root.text
-
-    FontMetrics {
-        id: metrics
-        font: root.font
-    }
 
     Row {
         id: row
@@ -42,7 +32,8 @@ Item {
                 font: root.font
                 color: root.color
                 changeLength: root.changeLength
-                width: /^\d$/.test(text) ? root.figureWidth : implicitWidth
+                width: /^\d$/.test(text) ? root.figureWidth
+                                          : Math.ceil(Typography.advance(root.font, text))
             }
         }
     }

@@ -39,13 +39,16 @@ Item {
         Item {
             width: 1
             height: measures.space(24)
+            visible: title.visible
         }
 
         TakeoverTitle {
+            id: title
             objectName: "title"
             width: parent.width
             text: root.title
             fullSize: measures.title
+            widest: measures.longTitleWidth
         }
     }
 }

@@ -12,9 +12,9 @@ Rectangle {
 
     PawField {
         anchors.fill: parent
-        opacity: 0.5
+        opacity: ThemePaletteKey.palette.isDark ? 0.25 : 0.4
         color: root.ThemePaletteKey.palette.dotStroke
-        pawSize: Math.round(26 * root.metrics.enlargement)
+        pawSize: Math.round(30 * root.metrics.enlargement)
         clearing: Qt.size(1.35 * root.metrics.columnWidth, 1.1 * root.height)
     }
 }

@@ -25,7 +25,8 @@ Item {
     Symbol {
         id: paw
         anchors.centerIn: parent
-        width: Math.round(0.6 * root.size)
+        // The paw fills 80 of the symbol's 96 units; it is to be about three fifths of the circle.
+        width: Math.round(0.6 * root.size * 96 / 80)
         height: paw.width
         name: "pawprint.fill"
         color: root.ThemePaletteKey.palette.accent

@@ -24,5 +24,6 @@ Column {
         width: parent.width
         text: "Made it."
         fullSize: root.metrics.title
+        widest: root.metrics.longTitleWidth
     }
 }

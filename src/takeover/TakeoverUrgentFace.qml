@@ -20,18 +20,21 @@ Column {
     Item {
         width: 1
         height: root.metrics.space(24)
+        visible: title.visible
     }
 
     TakeoverTitle {
+        id: title
         objectName: "title"
         width: parent.width
         text: root.viewModel.title
         fullSize: root.metrics.title
+        widest: root.metrics.longTitleWidth
     }
 
     Item {
         width: 1
-        height: root.metrics.space(12)
+        height: root.metrics.space(title.visible ? 12 : 24)
     }
 
     TabularText {

@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -45,6 +46,18 @@ QFont Typography::rounded(double pixelSize, int weight) {
     if (!family.isEmpty())
         font.setFamilies(QStringList{family} + font.families());
     return font;
+}
+
+double Typography::advance(const QFont &font, const QString &text) {
+    return QFontMetricsF(font).horizontalAdvance(text);
+}
+
+double Typography::figureAdvance(const QFont &font) {
+    const QFontMetricsF metrics(font);
+    double widest = 0.0;
+    for (char figure = '0'; figure <= '9'; ++figure)
+        widest = std::max(widest, metrics.horizontalAdvance(QLatin1Char(figure)));
+    return widest;
 }
 
 } // namespace vantrel

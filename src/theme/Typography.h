@@ -24,6 +24,12 @@ public:
 
     /// The rounded face of headings and figures; the interface font where it is not installed.
     Q_INVOKABLE [[nodiscard]] static QFont rounded(double pixelSize, int weight);
+
+    /// How far `text` moves on the place of what follows it, spaces at its end included.
+    Q_INVOKABLE [[nodiscard]] static double advance(const QFont &font, const QString &text);
+
+    /// The advance of the widest of the ten figures.
+    Q_INVOKABLE [[nodiscard]] static double figureAdvance(const QFont &font);
 };
 
 } // namespace vantrel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <theme/Theme.h>
+
+#include <QSize>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace vantrel::gallery {
+
+class Stage;
+
+/// One picture of the gallery.
+struct Scene {
+    QString name; ///< Of the file, without its ending.
+    QSize size;
+    std::function<void(const std::function<void(Stage &)> &)> show;
+};
+
+/// The takeover's faces, over palettes, screens and titles.
+[[nodiscard]] std::vector<Scene> takeoverScenes();
+
+} // namespace vantrel::gallery

@@ -1,0 +1,13 @@
+#include "Stage.h"
+
+#include <QGuiApplication>
+
+#include <gmock/gmock.h>
+
+/// Runs the tests of views: with an application object, and the renderer that the program uses.
+int main(int argc, char **argv) {
+    vantrel::gallery::Stage::prepare();
+    const QGuiApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}
