@@ -29,18 +29,27 @@ xcb_keycode_t keycode(const QKeyEvent &event) {
 } // namespace
 
 std::optional<KeyPress> KeyPresses::press(const QKeyEvent &event) {
-    if (event.isAutoRepeat() || (m_keyboard && m_keyboard->wasDownBefore(keycode(event))))
+    if (isRepeat(event) || (m_keyboard && m_keyboard->wasDownBefore(keycode(event))))
         return std::nullopt;
     return KeyPress{keyOf(event), charactersIgnoringModifiers(event)};
 }
 
 bool KeyPresses::release(const QKeyEvent &event) {
+    m_releasedKey = event.nativeScanCode();
+    m_releaseTime = event.timestamp();
     if (event.isAutoRepeat())
         return false;
     if (!m_keyboard || !m_keyboard->wasDownBefore(keycode(event)))
         return true;
     m_keyboard->noteRelease(keycode(event));
     return false;
+}
+
+/// An X server reports an auto-repeat as a release and a press at the same moment. Qt tells it from
+/// the two by looking ahead for the press, in vain when the press has not come in yet.
+bool KeyPresses::isRepeat(const QKeyEvent &event) const {
+    return event.isAutoRepeat() || (m_keyboard && event.nativeScanCode() == m_releasedKey &&
+                                    event.timestamp() == m_releaseTime);
 }
 
 QString KeyPresses::charactersIgnoringModifiers(const QKeyEvent &event) const {

@@ -2,6 +2,8 @@
 
 #include <platform/ShieldingPanels.h>
 
+#include <QtGlobal>
+
 #include <optional>
 
 class QKeyEvent;
@@ -25,9 +27,12 @@ public:
     [[nodiscard]] bool release(const QKeyEvent &event);
 
 private:
+    [[nodiscard]] bool isRepeat(const QKeyEvent &event) const;
     [[nodiscard]] QString charactersIgnoringModifiers(const QKeyEvent &event) const;
 
     X11Keyboard *m_keyboard;
+    quint32 m_releasedKey = 0;
+    quint64 m_releaseTime = 0;
 };
 
 } // namespace vantrel
