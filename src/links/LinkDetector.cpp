@@ -1,5 +1,6 @@
 #include "LinkDetector.h"
 
+#include "DetectionMemo.h"
 #include "TextScanner.h"
 
 #include <QLocale>
@@ -24,43 +25,68 @@ bool isDomainOrBelow(const QString &host, QLatin1String domain) {
     return rest == 0 || host.at(rest - 1) == u'.';
 }
 
+/// Invitations come from strangers, and what is found in them is opened at a key press: whatever
+/// its host, a link of another scheme could start any program.
+bool isOfTheWeb(const Url &url) {
+    const QString scheme = url.scheme().toLower();
+    return scheme == u"https" || scheme == u"http";
+}
+
+std::optional<MeetingLink> videoLink(const Url &url) {
+    const auto provider = isOfTheWeb(url) ? LinkDetector::videoProvider(url) : std::nullopt;
+    return provider ? std::optional(MeetingLink::video(*provider, url)) : std::nullopt;
+}
+
+std::optional<MeetingLink> videoLinkInText(const QString &address) {
+    if (!address.startsWith(u"http", Qt::CaseInsensitive)) // not worth parsing
+        return std::nullopt;
+    const auto url = Url::fromString(address);
+    return url && !url->host().isEmpty() ? videoLink(*url) : std::nullopt;
+}
+
 } // namespace
 
 LinkDetector::Detection LinkDetector::detect(const std::optional<Url> &url,
                                              const std::optional<QString> &location,
                                              const std::optional<QString> &notes) {
+    static DetectionMemo memo;
+    const DetectionMemo::Inputs inputs{url, location, notes, QLocale().territory()};
+    if (auto known = memo.find(inputs))
+        return *std::move(known);
+    Detection detection = detectIn(url, {&location, &notes}, inputs.territory);
+    memo.add(inputs, detection);
+    return detection;
+}
+
+LinkDetector::Detection
+LinkDetector::detectIn(const std::optional<Url> &url,
+                       std::initializer_list<const std::optional<QString> *> texts,
+                       QLocale::Territory territory) {
     Detection detection;
-    if (url) {
-        if (const auto provider = videoProvider(*url))
-            detection.video = MeetingLink::video(*provider, *url);
-    }
-    for (const auto *text : {&location, &notes}) {
+    if (url)
+        detection.video = videoLink(*url);
+    for (const auto *text : texts) {
         if (*text)
-            scanText(**text, detection.video, detection.phone);
+            scanText(**text, territory, detection.video, detection.phone);
     }
     return detection;
 }
 
-void LinkDetector::scanText(const QString &text, std::optional<MeetingLink> &video,
-                            std::optional<MeetingLink> &phone) {
-    TextScanner scanner(text, QLocale().territory());
-    if (video)
-        scanner.ignore(TextScanner::Kind::link);
-    if (phone)
-        scanner.ignore(TextScanner::Kind::phoneNumber);
-    while (!(video && phone)) {
-        const auto match = scanner.next();
+void LinkDetector::scanText(const QString &text, QLocale::Territory territory,
+                            std::optional<MeetingLink> &video, std::optional<MeetingLink> &phone) {
+    TextScanner scanner(text, territory);
+    while (true) {
+        if (video)
+            scanner.ignore(TextScanner::Kind::link);
+        if (phone)
+            scanner.ignore(TextScanner::Kind::phoneNumber);
+        const auto match = video && phone ? std::nullopt : scanner.next();
         if (!match)
             return;
-        if (match->kind == TextScanner::Kind::phoneNumber) {
+        if (match->kind == TextScanner::Kind::phoneNumber)
             phone = MeetingLink::phone(match->text);
-            scanner.ignore(TextScanner::Kind::phoneNumber);
-        } else if (const auto url = Url::fromString(match->text)) {
-            if (const auto provider = videoProvider(*url)) {
-                video = MeetingLink::video(*provider, *url);
-                scanner.ignore(TextScanner::Kind::link);
-            }
-        }
+        else
+            video = videoLinkInText(match->text);
     }
 }
 

@@ -4,8 +4,10 @@
 
 #include <platform/Url.h>
 
+#include <QLocale>
 #include <QString>
 
+#include <initializer_list>
 #include <optional>
 
 namespace vantrel {
@@ -24,7 +26,8 @@ struct LinkDetector {
     };
 
     /// The first joinable link and the first phone number, by source (URL, then location, then
-    /// notes) and within a text by position. No provider ranks above another.
+    /// notes) and within a text by position. No provider ranks above another. Only links of the web
+    /// (http, https) are reported, whatever their host.
     [[nodiscard]] static Detection detect(const std::optional<Url> &url,
                                           const std::optional<QString> &location,
                                           const std::optional<QString> &notes);
@@ -33,8 +36,11 @@ struct LinkDetector {
     [[nodiscard]] static std::optional<MeetingLink::VideoProvider> videoProvider(const Url &url);
 
 private:
-    static void scanText(const QString &text, std::optional<MeetingLink> &video,
-                         std::optional<MeetingLink> &phone);
+    static Detection detectIn(const std::optional<Url> &url,
+                              std::initializer_list<const std::optional<QString> *> texts,
+                              QLocale::Territory territory);
+    static void scanText(const QString &text, QLocale::Territory territory,
+                         std::optional<MeetingLink> &video, std::optional<MeetingLink> &phone);
 };
 
 } // namespace vantrel

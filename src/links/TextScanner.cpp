@@ -37,7 +37,8 @@ std::optional<TextScanner::Match> TextScanner::nextNumber() {
     if (!number)
         return std::nullopt;
     m_position = number->end;
-    return Match{Kind::phoneNumber, m_text.mid(number->start, number->end - number->start)};
+    return Match{Kind::phoneNumber,
+                 QStringView(m_text).mid(number->start, number->end - number->start).toString()};
 }
 
 } // namespace vantrel
