@@ -1,8 +1,11 @@
 #pragma once
 
 #include "CalendarOccurrences.h"
-#include "ComponentReader.h"
+#include "CalendarText.h"
 #include "ComponentSource.h"
+#include "ComponentsByUid.h"
+#include "ItemList.h"
+#include "SeriesReader.h"
 
 #include <QStringList>
 
@@ -13,6 +16,7 @@
 
 namespace vantrel {
 
+class SharedSeries;
 class ZoneRegistry;
 
 /// What reading and expanding needs besides the text.
@@ -38,8 +42,8 @@ public:
     /// Brings the catalog in line with the source. False when nothing was different.
     bool update(const SourceCalendar &calendar, const CatalogContext &context);
 
-    /// Moves on to a later window. False when nothing else shows in it.
-    bool roll(const CatalogContext &context);
+    /// Moves on to a later window.
+    void roll(const CatalogContext &context);
 
     /// Reads everything again, for an earlier window or another zone.
     void rebuild(const CatalogContext &context);
@@ -47,21 +51,15 @@ public:
     [[nodiscard]] std::shared_ptr<const CalendarOccurrences> occurrences() const;
 
 private:
-    using ItemIndex = std::uint32_t;
-    using Uid = std::uint64_t; ///< Hash of a UID.
+    using ItemIndex = ItemList::Index;
 
     /// Whether what cannot be read is logged. It was, when it has been read before.
     enum class Log { problems, nothing };
 
-    struct Item {
-        QByteArray name;
-        ItemVersion version;
-    };
-
     /// One UID in one item. Items that share a UID have an entry each; the occurrences of all of
     /// them are with the first.
     struct Entry {
-        Uid uid;
+        UidHash uid;
         UtcSeconds due;
         std::shared_ptr<const ShownSeries> shown;
         ItemIndex item;
@@ -69,23 +67,28 @@ private:
     };
 
     bool adopt(const SourceCalendar &calendar);
-    std::vector<ItemIndex> takeItems(std::vector<SourceItem> items,
-                                     const std::vector<QByteArray> &rewritten,
-                                     std::vector<Uid> &touched);
-    void readItems(const std::vector<ItemIndex> &items, std::vector<Uid> touched,
+    void describe();
+    std::vector<UidHash> moveEntries(const std::vector<ItemIndex> &moved);
+    void readItems(const std::vector<ItemIndex> &items, std::vector<UidHash> touched,
                    const CatalogContext &context, Log log);
-    std::optional<CalendarText> read(ItemIndex item, const CatalogContext &context) const;
-    void enter(ItemIndex item, CalendarText &text, const CatalogContext &context,
-               std::vector<Entry> &entries) const;
-    void join(std::vector<Uid> touched, const CatalogContext &context, Log log);
-    void describe(const CalendarText &text);
-    void report(ItemIndex item, const Problems &problems, const CatalogContext &context) const;
+    std::vector<Entry> readAnew(const std::vector<ItemIndex> &items, std::vector<bool> &isReplaced,
+                                const CatalogContext &context, Log log);
+    void expandShared(std::vector<UidHash> touched, const CatalogContext &context, Log log);
+    void expandRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
+                   SharedSeries &shared, const CatalogContext &context, Log log);
     void dropPast(UtcSeconds from);
 
+    [[nodiscard]] std::optional<CalendarText> read(ItemIndex item,
+                                                   const CatalogContext &context) const;
+    [[nodiscard]] SeriesReader readerFor(const CatalogContext &context) const;
+    [[nodiscard]] QString description(ItemIndex item, const CatalogContext &context) const;
+
     StoreCalendar m_given; ///< As the source describes it.
+    QString m_textName;    ///< As the text does, when it may; empty otherwise.
+    QString m_textColor;
     bool m_isDescribedByText = false;
     std::shared_ptr<const StoreCalendar> m_calendar;
-    std::vector<Item> m_items;    ///< By name.
+    ItemList m_items;
     std::vector<Entry> m_entries; ///< By UID, then item.
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SeriesExpander.h"
+#include "ShownSeries.h"
 
 #include <platform/EventStore.h>
 
@@ -9,19 +9,6 @@
 #include <vector>
 
 namespace vantrel {
-
-/// What one series (or single event) shows within the window: its texts once, and where they
-/// stand.
-struct ShownSeries {
-    struct Placement {
-        UtcSeconds start;
-        UtcSeconds end;
-        std::uint32_t event; ///< Index into `events`.
-    };
-
-    std::vector<StoreEvent> events; ///< Without times and calendar.
-    std::vector<Placement> placements;
-};
 
 /// All occurrences of one calendar within the window. Immutable, safe on any thread.
 class CalendarOccurrences {

@@ -13,11 +13,11 @@ bool isEscaped(QChar character) {
 
 /// The same for every way to write one recurrence id: a day and a floating time as they are, any
 /// other time in UTC.
-QString recurrenceText(const Moment &moment, const SeriesExpander &expander) {
+QString recurrenceText(const Moment &moment, const UserClock &clock) {
     const bool isDate = moment.kind == Moment::Kind::date;
     if (isDate || moment.kind == Moment::Kind::floating)
         return QString::fromLatin1(civilText(moment.civil, isDate));
-    return QString::fromLatin1(civilText(expander.instantOf(moment), false)) + u'Z';
+    return QString::fromLatin1(civilText(clock.instantOf(moment), false)) + u'Z';
 }
 
 } // namespace
@@ -36,13 +36,13 @@ QString escapedPiece(const QString &piece) {
 }
 
 QString eventIdentifier(const QString &calendarIdentifier, const EventComponent &component,
-                        const SeriesExpander &expander) {
+                        const UserClock &clock) {
     QString identifier =
         escapedPiece(calendarIdentifier) + u'/' + escapedPiece(QString::fromUtf8(component.uid));
     if (component.isOverride) {
         identifier += u'/';
         if (component.recurrenceId)
-            identifier += recurrenceText(*component.recurrenceId, expander);
+            identifier += recurrenceText(*component.recurrenceId, clock);
     }
     return identifier;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "SeriesExpander.h"
+#include "EventComponent.h"
+#include "UserClock.h"
 
 #include <QByteArray>
 #include <QString>
@@ -11,8 +12,7 @@ namespace vantrel {
 /// override. Within the pieces "|", "/", "%" and control characters stand as "%7C" and the like,
 /// so that the pieces can be told apart and none of them holds a "|".
 [[nodiscard]] QString eventIdentifier(const QString &calendarIdentifier,
-                                      const EventComponent &component,
-                                      const SeriesExpander &expander);
+                                      const EventComponent &component, const UserClock &clock);
 
 /// One piece, escaped.
 [[nodiscard]] QString escapedPiece(const QString &piece);

@@ -1,33 +1,37 @@
 #include "EventLength.h"
 
-#include <algorithm>
-
 namespace vantrel {
 
-EventLength EventLength::of(const EventComponent &component, UtcSeconds start,
-                            std::optional<UtcSeconds> end) {
+namespace {
+
+Span spanOf(const EventComponent &component, const UserClock &clock) {
     const bool isAllDay = component.start.kind == Moment::Kind::date;
-    if (end && isAllDay && component.end->kind == Moment::Kind::date) {
-        const std::int64_t days = civilDay(component.end->civil) - civilDay(component.start.civil);
+    if (component.end && isAllDay && component.end->kind == Moment::Kind::date) {
+        const auto days = civilDay(component.end->civil) - civilDay(component.start.civil);
         // Some writers end a whole day on the day itself.
-        return EventLength(Span{std::max<std::int64_t>(days, 1), 0});
+        return {std::max<std::int64_t>(days, 1), 0};
     }
-    if (end)
-        return between(start, *end);
-    if (component.duration)
-        return EventLength(*component.duration);
-    return EventLength(Span{isAllDay ? 1 : 0, 0});
+    if (component.end) {
+        const auto seconds = clock.instantOf(*component.end) - clock.instantOf(component.start);
+        return {0, std::max<std::int64_t>(seconds, 0)};
+    }
+    return component.duration.value_or(Span{isAllDay ? 1 : 0, 0});
 }
 
-EventLength EventLength::between(UtcSeconds start, UtcSeconds end) {
-    return EventLength(Span{0, std::max<std::int64_t>(end - start, 0)});
-}
+} // namespace
+
+EventLength::EventLength(const EventComponent &component, const UserClock &clock)
+    : m_span(spanOf(component, clock)) {}
 
 UtcSeconds EventLength::endOf(CivilSeconds start, UtcSeconds startInstant, const Zone &zone) const {
     if (m_span.days == 0)
         return startInstant + m_span.seconds;
     const UtcSeconds end = zone.toUtc(start + m_span.days * secondsPerDay) + m_span.seconds;
     return std::max(end, startInstant);
+}
+
+bool endsBeforeItStarts(const EventComponent &component, const UserClock &clock) {
+    return component.end && clock.instantOf(*component.end) < clock.instantOf(component.start);
 }
 
 } // namespace vantrel

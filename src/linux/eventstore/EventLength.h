@@ -1,7 +1,9 @@
 #pragma once
 
 #include "EventComponent.h"
-#include "Zone.h"
+#include "UserClock.h"
+
+#include <algorithm>
 
 namespace vantrel {
 
@@ -10,16 +12,14 @@ namespace vantrel {
 class EventLength {
 public:
     EventLength() = default;
-
-    /// `start` and `end` are the instants of DTSTART and, when there is one, DTEND. An event
-    /// without either property lasts its day, or no time at all.
-    static EventLength of(const EventComponent &component, UtcSeconds start,
-                          std::optional<UtcSeconds> end);
+    explicit EventLength(Span span) : m_span(span) {}
 
     /// From one instant to another; no length when the second is before the first.
-    static EventLength between(UtcSeconds start, UtcSeconds end);
+    EventLength(UtcSeconds start, UtcSeconds end)
+        : m_span{0, std::max<std::int64_t>(end - start, 0)} {}
 
-    static EventLength ofSpan(Span span) { return EventLength(span); }
+    /// An event with neither DTEND nor DURATION lasts its day, or no time at all.
+    EventLength(const EventComponent &component, const UserClock &clock);
 
     /// When an occurrence ends that starts at the reading `start` in `zone`.
     [[nodiscard]] UtcSeconds endOf(CivilSeconds start, UtcSeconds startInstant,
@@ -31,9 +31,10 @@ public:
     }
 
 private:
-    explicit EventLength(Span span) : m_span(span) {}
-
     Span m_span;
 };
+
+/// Whether the event says that it ends before it starts.
+[[nodiscard]] bool endsBeforeItStarts(const EventComponent &component, const UserClock &clock);
 
 } // namespace vantrel

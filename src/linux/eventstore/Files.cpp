@@ -1,5 +1,8 @@
 #include "Files.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <memory>
 
 namespace vantrel::files {
@@ -69,8 +73,10 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error) {
         struct stat found = {};
         if (one->d_name[0] == '.' || ::fstatat(descriptor, one->d_name, &found, 0) != 0)
             continue;
-        if (S_ISDIR(found.st_mode) || S_ISREG(found.st_mode))
-            entries.push_back(entryOf(one->d_name, found));
+        if (!S_ISDIR(found.st_mode) && !S_ISREG(found.st_mode))
+            continue;
+        entries.push_back(entryOf(one->d_name, found));
+        entries.back().isLink = one->d_type == DT_LNK;
     }
     return entries;
 }
@@ -103,6 +109,16 @@ std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit, int &
     }
     bytes.truncate(length);
     return bytes;
+}
+
+QByteArray absolute(const QByteArray &path) {
+    return QFile::encodeName(QDir::cleanPath(QDir(QFile::decodeName(path)).absolutePath()));
+}
+
+QByteArray resolved(const QByteArray &path) {
+    const std::unique_ptr<char, void (*)(void *)> real(::realpath(path.constData(), nullptr),
+                                                       &std::free);
+    return real ? QByteArray(real.get()) : path;
 }
 
 QByteArray nameOf(const QByteArray &path) {

@@ -12,6 +12,7 @@ namespace vantrel::files {
 struct Entry {
     QByteArray name;
     bool isFolder = false;
+    bool isLink = false;
     std::int64_t modified = 0; ///< Nanoseconds since 1970.
     std::int64_t size = 0;
     std::uint64_t inode = 0;
@@ -37,6 +38,12 @@ struct Status {
 /// is then the system's number for why. Never waits for a writer, as a pipe would.
 [[nodiscard]] std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit,
                                              int &error);
+
+/// The path from the root folder on, without "." and "..". Touches no disk.
+[[nodiscard]] QByteArray absolute(const QByteArray &path);
+
+/// The same place without symbolic links on the way; the path as it is when there is no such place.
+[[nodiscard]] QByteArray resolved(const QByteArray &path);
 
 /// The last part of a path.
 [[nodiscard]] QByteArray nameOf(const QByteArray &path);

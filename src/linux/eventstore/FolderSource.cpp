@@ -1,13 +1,12 @@
 #include "FolderSource.h"
 
-#include "CalendarColors.h"
+#include "FolderDescription.h"
 #include "StoreLog.h"
 
-#include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -16,88 +15,61 @@ namespace vantrel {
 namespace {
 
 constexpr std::int64_t maximumFileSize = 32 * 1024 * 1024;
-constexpr std::int64_t maximumDescriptionSize = 4096;
-constexpr Seconds quietTime{0.1};
-constexpr Seconds longestDelay{1.0};
-constexpr Seconds pollInterval{60.0};
 
 bool isItem(const files::Entry &entry) {
-    return !entry.isFolder && entry.name.size() > 4 &&
-           QByteArrayView(entry.name).last(4).compare(".ics", Qt::CaseInsensitive) == 0;
+    return !entry.isFolder && hasCalendarSuffix(entry.name);
 }
 
-QByteArray encoded(const QString &path) {
-    return QFile::encodeName(QDir::cleanPath(QDir(path).absolutePath()));
-}
-
-/// The same path without symbolic links, as far as it exists.
-QByteArray resolved(const QByteArray &path) {
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr),
-                                                           &std::free);
-    return real ? QByteArray(real.get()) : path;
-}
-
-QString identifierOf(const QByteArray &path) {
-    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha1);
-    return QStringLiteral("folder-") + QString::fromLatin1(hash.toHex().left(16));
+/// Whether something happened to the calendar that lies there.
+bool isTouched(const FolderChanges::Changes &changes, const QByteArray &folder,
+               const std::set<QByteArray> &linkedFiles) {
+    return changes.isEverything || changes.paths.contains(folder) ||
+           std::any_of(linkedFiles.begin(), linkedFiles.end(),
+                       [&changes](const QByteArray &file) { return changes.paths.contains(file); });
 }
 
 } // namespace
 
 FolderSource::FolderSource(MainQueue &queue, std::vector<FolderRoot> roots)
-    : m_queue(queue), m_roots(std::move(roots)) {}
-
-FolderSource::~FolderSource() = default;
-
-void FolderSource::start() {
-    m_watch = std::make_unique<FolderWatch>(
-        [this](const std::optional<std::vector<FolderWatch::Event>> &events) {
-            noteEvents(events);
-        });
-    m_poll = m_queue.every(pollInterval, [this] { pollSlowly(); });
-}
+    : m_roots(std::move(roots)), m_changes(queue, [this] { changed.announce(); }) {}
 
 std::vector<SourceCalendar> FolderSource::calendars() {
     Round round;
-    {
-        const std::lock_guard lock(m_mutex);
-        round.changes = std::exchange(m_changes, Changes{false, {}, {}});
-    }
-    m_isShortOfWatches = false;
+    round.changes = m_changes.take();
     for (const FolderRoot &root : m_roots)
         lookAt(root, round);
-    if (m_watch)
-        m_watch->sweep();
+    m_changes.endRound();
+    m_places = std::move(round.places);
     return std::move(round.calendars);
 }
 
 void FolderSource::lookAt(const FolderRoot &root, Round &round) {
-    const QByteArray path = encoded(root.path);
+    const QByteArray path = files::absolute(QFile::encodeName(root.path));
     watchForPath(path);
-    const files::Status status = files::status(path);
-    switch (status.kind) {
+    const QString name = QFile::decodeName(files::nameOf(path));
+    const StoreSource source{identifierOfPath("root:" + path),
+                             root.title.isEmpty() ? name : root.title};
+    switch (files::status(path).kind) {
     case files::Kind::folder:
-        lookAtFolder(root, path, round);
-        break;
-    case files::Kind::file: {
-        const QString name = QFile::decodeName(files::nameOf(path));
-        addCalendar({identifierOf("root:" + path), root.title.isEmpty() ? name : root.title}, path,
-                    true, round);
-        break;
-    }
+        return lookAtFolder(path, source, root.isCalendarHome, round);
+    case files::Kind::file:
+        return addCalendar(source, path, true, round);
     case files::Kind::missing:
         if (!root.isCalendarHome)
             noteTrouble(path, ENOENT, "no calendars");
-        break;
+        return;
     case files::Kind::other:
+        return noteTrouble(path, EINVAL, "no calendars");
     case files::Kind::unreadable:
-        noteTrouble(path, EACCES, "no calendars");
-        break;
+        return noteTrouble(path, EACCES, "no calendars");
     }
 }
 
-void FolderSource::lookAtFolder(const FolderRoot &root, const QByteArray &path, Round &round) {
-    watch(path);
+/// What lies in a folder decides what it is: with items in it a calendar; with folders in it those
+/// are calendars, unless it is one itself and they hold nothing that a calendar would.
+void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &source,
+                                bool isCalendarHome, Round &round) {
+    m_changes.watch(files::resolved(path));
     int error = 0;
     auto entries = files::list(path, error);
     if (!entries)
@@ -105,17 +77,15 @@ void FolderSource::lookAtFolder(const FolderRoot &root, const QByteArray &path, 
     m_troubles.remove(path);
     std::sort(entries->begin(), entries->end(),
               [](const auto &left, const auto &right) { return left.name < right.name; });
-    const QString name = QFile::decodeName(files::nameOf(path));
-    const StoreSource source{identifierOf("root:" + path),
-                             root.title.isEmpty() ? name : root.title};
+    const bool hasItems = std::any_of(entries->begin(), entries->end(), isItem);
     const bool hasFolders = std::any_of(entries->begin(), entries->end(),
                                         [](const auto &entry) { return entry.isFolder; });
-    if (std::any_of(entries->begin(), entries->end(), isItem) ||
-        (!hasFolders && !root.isCalendarHome))
+    if (hasItems || (!hasFolders && !isCalendarHome))
         addCalendar(source, path, false, round);
     for (const files::Entry &entry : *entries) {
-        if (entry.isFolder)
-            addCalendar(source, path + '/' + entry.name, false, round);
+        const QByteArray inner = path + '/' + entry.name;
+        if (entry.isFolder && (isCalendarHome || !hasItems || looksLikeCalendar(inner)))
+            addCalendar(source, inner, false, round);
     }
 }
 
@@ -124,91 +94,71 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
     const files::Status status = files::status(path);
     if (!round.seen.emplace(status.device, status.inode).second)
         return;
-    const Place place{resolved(path), isFile};
-    const QByteArray folder = isFile ? files::folderOf(place.path) : place.path;
-    if (isFile)
-        watch(folder, files::nameOf(place.path));
-    else
-        watch(folder);
-
     SourceCalendar calendar;
-    calendar.calendar.calendarIdentifier = identifierOf(path);
-    calendar.calendar.title = QFile::decodeName(files::nameOf(path));
-    calendar.calendar.color = defaultColor(calendar.calendar.calendarIdentifier);
-    calendar.calendar.allowsContentModifications = files::isWritable(path);
+    calendar.calendar = isFile ? describeFile(path) : describeFolder(path);
     calendar.calendar.source = source;
     calendar.isDescribedByText = isFile;
-    if (isFile && isItem({files::nameOf(path)}))
-        calendar.calendar.title.chop(4);
-    if (!isFile)
-        describeFolder(calendar.calendar, place.path);
 
-    const bool isFirst = !m_places.contains(calendar.calendar.calendarIdentifier);
-    calendar.hasChanges =
-        isFirst || round.changes.isEverything || round.changes.folders.contains(folder);
+    const QString &identifier = calendar.calendar.calendarIdentifier;
+    Place place{files::resolved(path), isFile, {}};
+    const QByteArray folder = place.folder();
+    m_changes.watch(folder, isFile ? files::nameOf(place.path) : QByteArray());
+    const auto known = m_places.constFind(identifier);
+    if (known != m_places.constEnd()) {
+        place.linkedFiles = known->linkedFiles;
+        watchLinks(place);
+    }
+    calendar.hasChanges = known == m_places.constEnd() || known->path != place.path ||
+                          isTouched(round.changes, folder, place.linkedFiles);
     if (const auto rewritten = round.changes.rewritten.find(folder);
         rewritten != round.changes.rewritten.end())
         calendar.rewrittenItems = rewritten->second;
-    m_places.insert(calendar.calendar.calendarIdentifier, place);
+    round.places.insert(identifier, std::move(place));
     round.calendars.push_back(std::move(calendar));
 }
 
-void FolderSource::describeFolder(StoreCalendar &calendar, const QByteArray &path) {
-    int error = 0;
-    if (const auto name = files::read(path + "/displayname", maximumDescriptionSize, error)) {
-        const QString title = QString::fromUtf8(*name).simplified();
-        if (!title.isEmpty())
-            calendar.title = title;
-    }
-    if (const auto text = files::read(path + "/color", maximumDescriptionSize, error)) {
-        if (const auto color = colorFromText(QString::fromUtf8(*text)))
-            calendar.color = color;
-    }
-}
-
 std::optional<std::vector<SourceItem>> FolderSource::items(const QString &calendarIdentifier) {
-    const Place place = m_places.value(calendarIdentifier);
+    Place &place = m_places[calendarIdentifier];
     int error = 0;
-    std::vector<SourceItem> items;
-    const auto entries =
-        files::list(place.isFile ? files::folderOf(place.path) : place.path, error);
+    const auto entries = files::list(place.folder(), error);
     if (!entries) {
         noteTrouble(place.path, error, "folder not read");
         return std::nullopt;
     }
     m_troubles.remove(place.path);
-    const QByteArray only = place.isFile ? files::nameOf(place.path) : QByteArray();
+    std::vector<SourceItem> items;
+    std::set<QByteArray> linkedFiles;
+    const QByteArray only = files::nameOf(place.path);
     for (const files::Entry &entry : *entries) {
-        if (place.isFile ? entry.name == only : isItem(entry))
-            items.push_back({entry.name, {entry.modified, entry.size, entry.inode}});
+        if (place.isFile ? entry.name != only : !isItem(entry))
+            continue;
+        items.push_back({entry.name, {entry.modified, entry.size, entry.inode}});
+        if (entry.isLink)
+            linkedFiles.insert(files::resolved(place.pathOf(entry.name)));
+    }
+    if (linkedFiles != place.linkedFiles) {
+        place.linkedFiles = std::move(linkedFiles);
+        watchLinks(place);
     }
     return items;
 }
 
 std::optional<QByteArray> FolderSource::text(const QString &calendarIdentifier,
                                              const QByteArray &item) {
-    const Place place = m_places.value(calendarIdentifier);
-    const QByteArray path = place.isFile ? place.path : place.path + '/' + item;
+    const QByteArray path = m_places.value(calendarIdentifier).pathOf(item);
     int error = 0;
     auto text = files::read(path, maximumFileSize, error);
     if (!text && error != ENOENT)
         noteTrouble(path, error, "file not read");
-    else if (text)
+    else if (text && text->size() >= maximumFileSize)
+        noteTrouble(path, EFBIG, "only the first 32 MB of the file are read");
+    else
         m_troubles.remove(path);
-    if (text && text->size() >= maximumFileSize)
-        noteTrouble(path, EFBIG, "only its first 32 MB are read");
     return text;
 }
 
 QString FolderSource::description(const QString &calendarIdentifier, const QByteArray &item) const {
-    const Place place = m_places.value(calendarIdentifier);
-    return QFile::decodeName(place.isFile ? place.path : place.path + '/' + item);
-}
-
-void FolderSource::watch(const QByteArray &folder, const QByteArray &name) {
-    if (!m_watch || m_watch->add(folder, name) || m_isShortOfWatches.exchange(true))
-        return;
-    noteTrouble(folder, ENOSPC, "changes are looked for once a minute");
+    return QFile::decodeName(m_places.value(calendarIdentifier).pathOf(item));
 }
 
 /// Watches for the path itself to come and go: in its folder, or in the nearest one that exists.
@@ -217,48 +167,15 @@ void FolderSource::watchForPath(const QByteArray &path) {
     while (name.size() > 1) {
         const QByteArray folder = files::folderOf(name);
         if (files::status(folder).kind == files::Kind::folder)
-            return watch(resolved(folder), files::nameOf(name));
+            return m_changes.watch(files::resolved(folder), files::nameOf(name));
         name = folder;
     }
 }
 
-void FolderSource::noteEvents(const std::optional<std::vector<FolderWatch::Event>> &events) {
-    {
-        const std::lock_guard lock(m_mutex);
-        if (!events)
-            m_changes.isEverything = true;
-        for (const FolderWatch::Event &event : events.value_or(std::vector<FolderWatch::Event>())) {
-            m_changes.folders.insert(event.folder);
-            if (event.isRewritten)
-                m_changes.rewritten[event.folder].push_back(event.name);
-        }
-    }
-    announceSoon();
-}
-
-/// Waits until nothing has happened for a moment, but not for ever.
-void FolderSource::announceSoon() {
-    const MonotonicInstant uptime = m_queue.uptime();
-    if (!m_firstEvent)
-        m_firstEvent = uptime;
-    const Seconds left = *m_firstEvent + longestDelay - uptime;
-    m_announcement = m_queue.after(std::min(quietTime, left), [this] { announceNow(); });
-}
-
-void FolderSource::announceNow() {
-    m_firstEvent.reset();
-    changed.announce();
-}
-
-/// Stands in for the watch where the system allows none.
-void FolderSource::pollSlowly() {
-    if (!m_isShortOfWatches)
-        return;
-    {
-        const std::lock_guard lock(m_mutex);
-        m_changes.isEverything = true;
-    }
-    changed.announce();
+/// A link's own folder does not tell when the file changes that it leads to.
+void FolderSource::watchLinks(const Place &place) {
+    for (const QByteArray &file : place.linkedFiles)
+        m_changes.watch(files::folderOf(file), files::nameOf(file));
 }
 
 void FolderSource::noteTrouble(const QByteArray &path, int error, const char *what) {

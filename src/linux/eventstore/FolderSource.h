@@ -2,16 +2,13 @@
 
 #include "ComponentSource.h"
 #include "Files.h"
-#include "FolderWatch.h"
-
-#include <platform/MainQueue.h>
+#include "FolderChanges.h"
 
 #include <QHash>
+#include <QString>
 
-#include <map>
-#include <memory>
-#include <mutex>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace vantrel {
@@ -27,13 +24,13 @@ struct FolderRoot {
 
 /// Calendars from folders in the vdir layout: one folder a calendar, one `.ics` file an item, the
 /// files `displayname` and `color` to describe it. Files whose names end in anything else, or
-/// begin with a dot, are left alone.
+/// begin with a dot, are left alone; folders within calendar folders too. A place that two roots
+/// lead to is one calendar.
 class FolderSource : public ComponentSource {
 public:
     FolderSource(MainQueue &queue, std::vector<FolderRoot> roots);
-    ~FolderSource() override;
 
-    void start() override;
+    void start() override { m_changes.start(); }
     [[nodiscard]] std::vector<SourceCalendar> calendars() override;
     [[nodiscard]] std::optional<std::vector<SourceItem>>
     items(const QString &calendarIdentifier) override;
@@ -43,52 +40,40 @@ public:
                                       const QByteArray &item) const override;
 
 private:
+    /// Where a calendar lies.
     struct Place {
         QByteArray path; ///< Of a folder or a file, without symbolic links.
         bool isFile = false;
+        std::set<QByteArray> linkedFiles; ///< What symbolic links in the folder lead to.
+
+        [[nodiscard]] QByteArray folder() const { return isFile ? files::folderOf(path) : path; }
+        [[nodiscard]] QByteArray pathOf(const QByteArray &item) const {
+            return isFile ? path : path + '/' + item;
+        }
     };
 
-    /// What has happened in folders since the questions were last asked.
-    struct Changes {
-        bool isEverything = true;
-        std::set<QByteArray> folders;
-        std::map<QByteArray, std::vector<QByteArray>> rewritten; ///< Names by folder.
-    };
-
-    /// One round of looking at all roots.
+    /// One look at all roots.
     struct Round {
-        Changes changes;
+        FolderChanges::Changes changes;
         std::set<std::pair<std::uint64_t, std::uint64_t>> seen; ///< Device and inode.
         std::vector<SourceCalendar> calendars;
+        QHash<QString, Place> places; ///< By calendar identifier.
     };
 
     void lookAt(const FolderRoot &root, Round &round);
-    void lookAtFolder(const FolderRoot &root, const QByteArray &path, Round &round);
+    void lookAtFolder(const QByteArray &path, const StoreSource &source, bool isCalendarHome,
+                      Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
-    void describeFolder(StoreCalendar &calendar, const QByteArray &path);
-    void watch(const QByteArray &folder, const QByteArray &name = {});
     void watchForPath(const QByteArray &path);
-
-    void noteEvents(const std::optional<std::vector<FolderWatch::Event>> &events);
-    void announceSoon();
-    void announceNow();
-    void pollSlowly();
+    void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
 
-    MainQueue &m_queue;
     const std::vector<FolderRoot> m_roots;
-    std::unique_ptr<FolderWatch> m_watch;
-    ScheduledWork m_announcement;
-    ScheduledWork m_poll;
-    std::optional<MonotonicInstant> m_firstEvent; ///< Of those not announced yet.
-
-    std::mutex m_mutex;
-    Changes m_changes; ///< Guarded by the mutex.
+    FolderChanges m_changes;
 
     // Of the thread that asks.
-    QHash<QString, Place> m_places;
-    QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log, by path.
-    std::atomic<bool> m_isShortOfWatches = false;
+    QHash<QString, Place> m_places;    ///< By calendar identifier.
+    QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.
 };
 
 } // namespace vantrel

@@ -12,10 +12,6 @@ namespace {
 
 constexpr qsizetype maximumRuleLength = 4096;
 
-/// How many periods of a rule libical may walk through without finding a reading. It walks inside
-/// one call, where nobody can stop it.
-constexpr std::int64_t maximumPeriods = 50'000;
-
 icaltimetype icalTime(CivilSeconds civil, bool isDate) {
     const std::chrono::year_month_day date{
         std::chrono::sys_days{std::chrono::days{civilDay(civil)}}};
@@ -116,11 +112,10 @@ bool RecurrenceRule::isYearly() const {
     return m_rule->freq == ICAL_YEARLY_RECURRENCE;
 }
 
-bool RecurrenceRule::isTooMuchWork(CivilSeconds from, CivilSeconds to) const {
-    std::int64_t periods = std::max<std::int64_t>(to - from, 0) / secondsPerPeriod(*m_rule);
-    if (m_count > 0 && !hasFilters(*m_rule))
-        periods = std::min<std::int64_t>(periods, m_count);
-    return periods > maximumPeriods;
+/// How many of the rule's periods lie in between: what libical walks through, one by one, within a
+/// call that nobody can stop.
+std::int64_t RecurrenceRule::periodsBetween(CivilSeconds from, CivilSeconds to) const {
+    return std::max<std::int64_t>(to - from, 0) / secondsPerPeriod(*m_rule);
 }
 
 RecurrenceRule::End RecurrenceRule::readings(CivilSeconds start, bool isDate,
@@ -135,8 +130,11 @@ RecurrenceRule::End RecurrenceRule::readings(CivilSeconds start, bool isDate,
         return End::ofInterval;
 
     const bool isSentAhead = from > start && m_count == 0 && canStartLater(*m_rule);
+    const CivilSeconds begin = isSentAhead ? from : start;
     const CivilSeconds limit = until ? std::min(*until, to - 1) : to - 1;
-    if (isTooMuchWork(isSentAhead ? from : start, limit))
+    const std::int64_t periods = periodsBetween(begin, limit);
+    const bool isShort = m_count > 0 && m_count <= steps && !hasFilters(*m_rule);
+    if (periods > steps && !isShort)
         return End::ofPatience;
 
     icalrecurrencetype rule = *m_rule;
@@ -148,20 +146,30 @@ RecurrenceRule::End RecurrenceRule::readings(CivilSeconds start, bool isDate,
     if (isSentAhead)
         icalrecur_iterator_set_start(iterator.get(), icalTime(from, isDate));
 
-    for (int count = 1; m_count == 0 || count < m_count;) {
-        if (steps-- <= 0)
-            return End::ofPatience;
+    CivilSeconds reached = begin;
+    End end = End::ofRule;
+    int taken = 0;
+    for (int count = 1; m_count == 0 || count < m_count; ++taken) {
+        if (taken >= steps) {
+            end = End::ofPatience;
+            break;
+        }
         const icaltimetype next = icalrecur_iterator_next(iterator.get());
-        if (icaltime_is_null_time(next))
-            return until && *until < to ? End::ofRule : End::ofInterval;
-        const CivilSeconds reading = civilTime(next);
-        if (reading <= start)
+        if (icaltime_is_null_time(next)) {
+            reached = limit;
+            end = until && *until < to ? End::ofRule : End::ofInterval;
+            break;
+        }
+        reached = civilTime(next);
+        if (reached <= start)
             continue;
-        if (reading >= from && reading < to)
-            take(reading);
+        if (reached >= from && reached < to)
+            take(reached);
         ++count;
     }
-    return End::ofRule;
+    const std::int64_t walked = hasFilters(*m_rule) ? periodsBetween(begin, reached) : 0;
+    steps -= std::max(taken, static_cast<int>(std::min<std::int64_t>(walked, steps)));
+    return end;
 }
 
 } // namespace vantrel

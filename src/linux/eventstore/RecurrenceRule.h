@@ -38,7 +38,8 @@ public:
 
     /// Calls `take` with the readings from `from` to `to`, in ascending order, of a series that
     /// starts at `start` and ends with `until` (inclusive). `start` itself counts as the first
-    /// reading, whether or not the rule yields it. Each step of the work takes one from `steps`.
+    /// reading, whether or not the rule yields it. Takes from `steps` what the work came to; what
+    /// would come to more is not done.
     End readings(CivilSeconds start, bool isDate, std::optional<CivilSeconds> until,
                  CivilSeconds from, CivilSeconds to, int &steps,
                  const std::function<void(CivilSeconds)> &take) const;
@@ -46,7 +47,7 @@ public:
 private:
     explicit RecurrenceRule(std::unique_ptr<icalrecurrencetype> rule);
 
-    [[nodiscard]] bool isTooMuchWork(CivilSeconds from, CivilSeconds to) const;
+    [[nodiscard]] std::int64_t periodsBetween(CivilSeconds from, CivilSeconds to) const;
 
     std::unique_ptr<icalrecurrencetype> m_rule;
     std::optional<DateTimeText> m_until;

@@ -2,24 +2,14 @@
 
 #include "EventComponent.h"
 #include "Problems.h"
-#include "Zone.h"
+#include "UserClock.h"
+#include "Window.h"
 
+#include <algorithm>
 #include <limits>
 #include <vector>
 
 namespace vantrel {
-
-/// The stretch of time whose occurrences are kept, from `from` up to, not including, `to`.
-struct Window {
-    UtcSeconds from = 0;
-    UtcSeconds to = 0;
-
-    bool operator==(const Window &) const = default;
-
-    [[nodiscard]] bool overlaps(UtcSeconds start, UtcSeconds end) const {
-        return start < to && (end > from || start >= from);
-    }
-};
 
 /// Where an occurrence stands, and which component tells of it.
 struct Occurrence {
@@ -36,29 +26,37 @@ struct Expansion {
     UtcSeconds due = never;
 };
 
-/// Bounds on the work of one text: what one series uses up, others of it lack.
-struct StepBudget {
-    static constexpr int perSeries = 20'000;
+/// Bounds the work that the rules of one text may cause. A series takes from what all have
+/// together, and finds a little left even when others have taken it all.
+class StepBudget {
+public:
+    [[nodiscard]] int grant() const { return std::clamp(m_left, leastPerSeries, mostPerSeries); }
+    void take(int steps) { m_left = std::max(m_left - steps, 0); }
 
-    int left = 400'000;
+private:
+    static constexpr int leastPerSeries = 200;
+    static constexpr int mostPerSeries = 20'000;
+
+    int m_left = 1'000'000;
 };
 
 /// Turns the components of one UID into occurrences: rules, added dates, exceptions and overrides
 /// (RFC 5545, sections 3.8.4.4 and 3.8.5).
+///
+/// DTSTART is the first occurrence of a series even when its rule would not yield it. An
+/// occurrence whose time of day the clock skips is not lost: it stands as much later as the clock
+/// was put forward. An override shows even when the occurrence that it replaces does not exist.
 class SeriesExpander {
 public:
-    /// `userZone` is the zone of whole days and floating times; it outlives the expander.
-    SeriesExpander(const Zone &userZone, Window window) : m_userZone(userZone), m_window(window) {}
+    SeriesExpander(const UserClock &clock, Window window) : m_clock(clock), m_window(window) {}
 
-    /// The components share one UID. Of several that tell of the same occurrence the last counts.
     [[nodiscard]] Expansion expand(const std::vector<const EventComponent *> &components,
                                    StepBudget &budget, Problems &problems) const;
 
-    [[nodiscard]] const Zone &zoneOf(const Moment &moment) const;
-    [[nodiscard]] UtcSeconds instantOf(const Moment &moment) const;
+    [[nodiscard]] const UserClock &clock() const { return m_clock; }
 
 private:
-    const Zone &m_userZone;
+    UserClock m_clock;
     Window m_window;
 };
 

@@ -4,8 +4,15 @@
 #include "EventTexts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantrel {
+
+SeriesReader::SeriesReader(SeriesExpander expander, QString calendarIdentifier,
+                           QStringList addresses)
+    : m_expander(std::move(expander)),
+      m_calendarIdentifier(std::move(calendarIdentifier)),
+      m_addresses(std::move(addresses)) {}
 
 SeriesReader::Result SeriesReader::read(const std::vector<const EventComponent *> &components,
                                         StepBudget &budget, Problems &problems) const {
@@ -28,7 +35,8 @@ SeriesReader::Result SeriesReader::read(const std::vector<const EventComponent *
         if (occurrence.component != current) {
             current = occurrence.component;
             StoreEvent event = eventOf(*current, m_addresses);
-            event.eventIdentifier = eventIdentifier(m_calendarIdentifier, *current, m_expander);
+            event.eventIdentifier =
+                eventIdentifier(m_calendarIdentifier, *current, m_expander.clock());
             event.hasRecurrenceRules = isSeries;
             shown->events.push_back(std::move(event));
         }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "CalendarOccurrences.h"
-#include "ComponentReader.h"
+#include "SeriesExpander.h"
+#include "ShownSeries.h"
 
+#include <QString>
 #include <QStringList>
 
 #include <memory>
@@ -15,22 +16,19 @@ class SeriesReader {
 public:
     struct Result {
         std::shared_ptr<const ShownSeries> shown; ///< Null when nothing shows.
-        UtcSeconds due = Expansion::never;
+        UtcSeconds due = Expansion::never;        ///< As in `Expansion`.
     };
 
-    /// The arguments outlive the reader.
-    SeriesReader(const SeriesExpander &expander, const QString &calendarIdentifier,
-                 const QStringList &addresses)
-        : m_expander(expander), m_calendarIdentifier(calendarIdentifier), m_addresses(addresses) {}
+    SeriesReader(SeriesExpander expander, QString calendarIdentifier, QStringList addresses);
 
     /// The components share one UID.
     [[nodiscard]] Result read(const std::vector<const EventComponent *> &components,
                               StepBudget &budget, Problems &problems) const;
 
 private:
-    const SeriesExpander &m_expander;
-    const QString &m_calendarIdentifier;
-    const QStringList &m_addresses;
+    SeriesExpander m_expander;
+    QString m_calendarIdentifier;
+    QStringList m_addresses;
 };
 
 } // namespace vantrel

@@ -17,11 +17,12 @@ std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QT
     bool isDifferent = false;
     for (ComponentSource *source : m_sources) {
         const CatalogContext context{*source, m_zones, zone, window, m_addresses, m_isStopping};
-        for (const SourceCalendar &calendar : source->calendars()) {
+        for (SourceCalendar &calendar : source->calendars()) {
             if (m_isStopping)
                 return std::nullopt;
             order.push_back(calendar.calendar.calendarIdentifier);
             Known &known = m_known[order.back()];
+            calendar.hasChanges = calendar.hasChanges || !known.occurrences;
             bool isChanged = known.catalog.update(calendar, context) || !known.occurrences;
             if (isRebuilt && known.occurrences)
                 known.catalog.rebuild(context);

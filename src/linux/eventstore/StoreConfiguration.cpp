@@ -15,7 +15,10 @@ namespace {
 
 constexpr qint64 maximumFileSize = 1024 * 1024;
 
-QString placeBelow(QStandardPaths::StandardLocation location, QLatin1String name) {
+QString placeBelow(const std::optional<QString> &profile, QStandardPaths::StandardLocation location,
+                   QLatin1String name) {
+    if (profile)
+        return *profile + u'/' + name;
     return QStandardPaths::writableLocation(location) + QLatin1String("/Vantrel/") + name;
 }
 
@@ -66,13 +69,13 @@ QString withHome(const QString &path) {
 
 } // namespace
 
-StoreConfiguration StoreConfiguration::ofUser() {
+StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &profile) {
     const QString path =
-        placeBelow(QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
+        placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
     const QJsonObject file = readFile(path);
     StoreConfiguration configuration;
     configuration.roots.push_back(
-        {placeBelow(QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
+        {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
          QStringLiteral("On This Computer"), true});
     for (const QString &folder : texts(file, QStringLiteral("folders"), path))
         configuration.roots.push_back({withHome(folder), {}, false});
@@ -81,8 +84,9 @@ StoreConfiguration StoreConfiguration::ofUser() {
     return configuration;
 }
 
-StoreConfiguration StoreConfiguration::ofPaths(const QStringList &paths) {
-    StoreConfiguration configuration = ofUser();
+StoreConfiguration StoreConfiguration::ofPaths(const QStringList &paths,
+                                               const std::optional<QString> &profile) {
+    StoreConfiguration configuration = ofUser(profile);
     configuration.roots.clear();
     for (const QString &path : paths)
         configuration.roots.push_back({path, {}, false});

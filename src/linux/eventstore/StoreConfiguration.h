@@ -29,11 +29,13 @@ struct StoreConfiguration {
     /// What the user has set up: `$XDG_DATA_HOME/Vantrel/calendars`, and the folders and addresses
     /// in `$XDG_CONFIG_HOME/Vantrel/calendars.json`:
     /// `{"folders": ["/path"], "addresses": ["me@example.com"]}`. A file that cannot be read is
-    /// logged and passed over; a "~/" at the beginning of a folder means the home folder.
-    static StoreConfiguration ofUser();
+    /// logged and passed over; a "~/" at the beginning of a folder means the home folder. Both lie
+    /// directly in the folder `profile` instead when one is given.
+    static StoreConfiguration ofUser(const std::optional<QString> &profile = {});
 
     /// Those paths and nothing else; the user's addresses all the same.
-    static StoreConfiguration ofPaths(const QStringList &paths);
+    static StoreConfiguration ofPaths(const QStringList &paths,
+                                      const std::optional<QString> &profile = {});
 };
 
 } // namespace vantrel

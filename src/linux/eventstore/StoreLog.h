@@ -1,11 +1,14 @@
 #pragma once
 
-#include <platform/Log.h>
+#include "Problems.h"
 
-#include <QLoggingCategory>
+#include <platform/Log.h>
 
 namespace vantrel {
 
 Q_DECLARE_LOGGING_CATEGORY(eventStoreLog)
+
+/// A line for each of the problems of a text that goes by that name.
+void logProblems(const QString &name, const Problems &problems);
 
 } // namespace vantrel

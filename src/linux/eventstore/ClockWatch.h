@@ -1,0 +1,33 @@
+#pragma once
+
+#include "FolderWatch.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace vantrel {
+
+/// Notices what moves wall-clock time other than its passing: the clock is set, the machine wakes
+/// from sleep, the system's time zone changes. Needs no service: the kernel tells of the first two
+/// and the zone is a file. Main thread only.
+class ClockWatch {
+public:
+    /// `zoneFolder` is where the system's time zone is kept under the name "localtime".
+    ClockWatch(std::function<void()> report, const QByteArray &zoneFolder = "/etc");
+    ClockWatch(const ClockWatch &) = delete;
+    ClockWatch &operator=(const ClockWatch &) = delete;
+    ~ClockWatch();
+
+private:
+    void arm();
+    void read();
+
+    const std::function<void()> m_report;
+    FolderWatch m_zone;
+    int m_timer = -1;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace vantrel

@@ -1,0 +1,98 @@
+#include "FolderChanges.h"
+
+#include "StoreLog.h"
+
+#include <QFile>
+#include <QMetaObject>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+constexpr Seconds quietTime{0.1};
+constexpr Seconds longestDelay{1.0};
+constexpr Seconds pollInterval{60.0};
+
+} // namespace
+
+FolderChanges::FolderChanges(MainQueue &queue, std::function<void()> announce)
+    : m_queue(queue), m_announce(std::move(announce)) {}
+
+void FolderChanges::start() {
+    m_watch = std::make_unique<FolderWatch>(
+        [this](const std::optional<std::vector<FolderWatch::Event>> &events) { note(events); });
+}
+
+FolderChanges::Changes FolderChanges::take() {
+    m_isShortOfWatches = false;
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_changes, Changes{false, {}, {}});
+}
+
+void FolderChanges::watch(const QByteArray &folder, const QByteArray &name) {
+    if (!m_watch || m_watch->add(folder, name))
+        return;
+    if (!m_isShortOfWatches && !m_wasShortOfWatches)
+        qCWarning(eventStoreLog).noquote()
+            << QFile::decodeName(folder)
+            << "cannot be watched (fs.inotify.max_user_watches or max_user_instances is reached);"
+            << "changes are looked for once a minute";
+    m_isShortOfWatches = true;
+}
+
+void FolderChanges::endRound() {
+    if (!m_watch)
+        return;
+    m_watch->sweep();
+    if (m_isShortOfWatches == m_wasShortOfWatches)
+        return;
+    m_wasShortOfWatches = m_isShortOfWatches;
+    QMetaObject::invokeMethod(
+        &m_receiver, [this, isShort = m_isShortOfWatches] { pollWhen(isShort); },
+        Qt::QueuedConnection);
+}
+
+void FolderChanges::note(const std::optional<std::vector<FolderWatch::Event>> &events) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!events)
+            m_changes.isEverything = true;
+        for (const auto &event : events.value_or(std::vector<FolderWatch::Event>())) {
+            m_changes.paths.insert(event.folder);
+            if (!event.name.isEmpty())
+                m_changes.paths.insert(event.folder + '/' + event.name);
+            if (event.isRewritten)
+                m_changes.rewritten[event.folder].push_back(event.name);
+        }
+    }
+    announceSoon();
+}
+
+void FolderChanges::announceSoon() {
+    const MonotonicInstant uptime = m_queue.uptime();
+    if (!m_firstEvent)
+        m_firstEvent = uptime;
+    const Seconds left = *m_firstEvent + longestDelay - uptime;
+    m_announcement = m_queue.after(std::min(quietTime, left), [this] {
+        m_firstEvent.reset();
+        m_announce();
+    });
+}
+
+void FolderChanges::pollWhen(bool isShortOfWatches) {
+    m_poll.cancel();
+    if (!isShortOfWatches)
+        return;
+    m_poll = m_queue.every(pollInterval, [this] {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_changes.isEverything = true;
+        }
+        m_announce();
+    });
+}
+
+} // namespace vantrel

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "FolderWatch.h"
+
+#include <platform/MainQueue.h>
+
+#include <QByteArray>
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace vantrel {
+
+/// Keeps what happens in folders until somebody looks, and says so once things have quietened
+/// down. Made and destroyed on the main thread, where it also announces.
+class FolderChanges {
+public:
+    struct Changes {
+        bool isEverything = true;   ///< Anything may have happened; the rest is then not filled in.
+        std::set<QByteArray> paths; ///< Folders in which something happened, and what it was.
+        std::map<QByteArray, std::vector<QByteArray>> rewritten; ///< Names of files, by folder.
+    };
+
+    /// `announce` is called after changes: 0.1 s after the last of them, but not later than 1 s
+    /// after the first.
+    FolderChanges(MainQueue &queue, std::function<void()> announce);
+
+    /// From here on folders can be watched.
+    void start();
+
+    /// From any thread: what has happened since this was called before; everything at first.
+    [[nodiscard]] Changes take();
+
+    /// From any thread, between `take` and `endRound`: watches a folder, or one name in it. What
+    /// was not asked for again by the end of the round is no longer watched. Where the system
+    /// allows no more watches, everything counts as changed once a minute instead.
+    void watch(const QByteArray &folder, const QByteArray &name = {});
+    void endRound();
+
+private:
+    void note(const std::optional<std::vector<FolderWatch::Event>> &events);
+    void announceSoon();
+    void pollWhen(bool isShortOfWatches);
+
+    MainQueue &m_queue;
+    const std::function<void()> m_announce;
+    std::unique_ptr<FolderWatch> m_watch;
+    ScheduledWork m_announcement;
+    std::optional<MonotonicInstant> m_firstEvent; ///< Of those that are not announced yet.
+    ScheduledWork m_poll;
+
+    std::mutex m_mutex;
+    Changes m_changes; ///< Guarded by the mutex.
+
+    bool m_isShortOfWatches = false; ///< Of the thread that watches, in this round.
+    bool m_wasShortOfWatches = false;
+    QObject m_receiver; ///< Takes messages to the main thread; those under way go with it.
+};
+
+} // namespace vantrel

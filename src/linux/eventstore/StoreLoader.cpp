@@ -1,0 +1,116 @@
+#include "StoreLoader.h"
+
+#include "FolderSource.h"
+#include "StoreCatalog.h"
+
+#include <QMetaObject>
+
+#include <cmath>
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+/// Often enough that a day never goes by unnoticed, whatever happened to the clock.
+constexpr Seconds rollInterval{900.0};
+
+constexpr int threadLifetime = 1000; // milliseconds without work
+
+Window windowBetween(Instant from, Instant to) {
+    return {static_cast<UtcSeconds>(std::floor(from.time_since_epoch().count())),
+            static_cast<UtcSeconds>(std::ceil(to.time_since_epoch().count()))};
+}
+
+} // namespace
+
+StoreLoader::StoreLoader(MainQueue &queue, const StoreConfiguration &configuration,
+                         CurrentCalendar currentCalendar, Take take)
+    : m_queue(queue),
+      m_configuration(configuration),
+      m_currentCalendar(std::move(currentCalendar)),
+      m_take(std::move(take)) {
+    m_sources.push_back(std::make_unique<FolderSource>(m_queue, configuration.roots));
+    std::vector<ComponentSource *> sources;
+    for (const auto &source : m_sources) {
+        sources.push_back(source.get());
+        m_subscriptions.push_back(source->changed.subscribe([this] { bringUpToDate(); }));
+    }
+    m_catalog = std::make_unique<StoreCatalog>(std::move(sources), configuration.addresses);
+    m_worker.setMaxThreadCount(1);
+    m_worker.setExpiryTimeout(threadLifetime);
+}
+
+StoreLoader::~StoreLoader() {
+    m_catalog->stop();
+    m_worker.waitForDone();
+}
+
+void StoreLoader::start() {
+    m_clockWatch = std::make_unique<ClockWatch>([this] { noteClock(); });
+    for (const auto &source : m_sources)
+        source->start();
+    m_rolling = m_queue.every(rollInterval, [this] { rollWhenDue(); });
+    bringUpToDate();
+}
+
+void StoreLoader::loadNow() {
+    m_window = windowNow();
+    m_take(m_catalog->bring(m_window, m_currentCalendar().timeZone()));
+}
+
+void StoreLoader::noteQuestion(Instant from, Instant to) {
+    const Window asked = windowBetween(from, to);
+    const bool isInside = asked.from >= m_window.from && asked.to <= m_window.to;
+    if (isInside || !m_clockWatch || windowNow() == m_window)
+        return;
+    m_askedRoll = m_queue.after(Seconds::zero(), [this] { rollWhenDue(); });
+}
+
+Window StoreLoader::windowNow() const {
+    if (m_configuration.fixedWindow)
+        return windowBetween(m_configuration.fixedWindow->first,
+                             m_configuration.fixedWindow->second);
+    const LocalCalendar calendar = m_currentCalendar();
+    const Instant now = m_queue.now();
+    return windowBetween(calendar.startOfDay(now, -m_configuration.daysBefore),
+                         calendar.startOfDay(now, m_configuration.daysAfter));
+}
+
+void StoreLoader::noteClock() {
+    m_isClockSet = true;
+    bringUpToDate();
+}
+
+void StoreLoader::rollWhenDue() {
+    if (windowNow() != m_window)
+        bringUpToDate();
+}
+
+void StoreLoader::bringUpToDate() {
+    m_isOutdated = m_isReading;
+    if (m_isReading)
+        return;
+    m_isReading = true;
+    m_window = windowNow();
+    m_worker.start([this, window = m_window, zone = m_currentCalendar().timeZone()] {
+        auto calendars = m_catalog->bring(window, zone);
+        QMetaObject::invokeMethod(
+            &m_receiver,
+            [this, calendars = std::move(calendars)]() mutable { finish(std::move(calendars)); },
+            Qt::QueuedConnection);
+    });
+}
+
+void StoreLoader::finish(std::optional<EventIndex::Calendars> calendars) {
+    m_isReading = false;
+    const bool isTaken = calendars || !m_isLoaded || m_isClockSet;
+    m_isLoaded = true;
+    m_isClockSet = m_isClockSet && m_isOutdated;
+    if (m_isOutdated)
+        bringUpToDate();
+    if (isTaken)
+        m_take(std::move(calendars));
+}
+
+} // namespace vantrel
