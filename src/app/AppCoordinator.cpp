@@ -29,6 +29,10 @@ void AppCoordinator::start() {
     selectDefaultCalendars();
 }
 
+bool AppCoordinator::hasSelection(const UserDefaults &defaults) {
+    return defaults.hasObject(QStringLiteral("Vantrel.selectedCalendarIDs"));
+}
+
 void AppCoordinator::stop() {
     m_takeoverTriggerScheduler.stop();
     m_calendarChangeMonitor.stop();
@@ -43,7 +47,7 @@ void AppCoordinator::handleCalendarStoreChanged() {
 /// A user who never chose watches every ordinary calendar. As long as there is none there is
 /// nothing to choose from, and no choice is stored.
 void AppCoordinator::selectDefaultCalendars() {
-    if (m_services.defaults.hasObject(QStringLiteral("Vantrel.selectedCalendarIDs")))
+    if (hasSelection(m_services.defaults))
         return;
     std::set<QString> ordinary;
     for (const StoreCalendar &calendar : m_services.store.calendars()) {

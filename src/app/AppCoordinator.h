@@ -40,6 +40,9 @@ public:
     /// Begins to follow the calendars and to plan takeovers. Called once.
     void start();
 
+    /// Whether the user, or the first start for them, ever chose calendars.
+    [[nodiscard]] static bool hasSelection(const UserDefaults &defaults);
+
     /// Ends what `start` began and takes down a takeover that is up.
     void stop();
 

@@ -90,6 +90,7 @@ TEST_F(AppCoordinatorTest, TakesOverForAMeetingThatStoodInTheCalendarAtTheStart)
 
 TEST_F(AppCoordinatorTest, PlansAMeetingThatIsAddedLaterHalfASecondAfterTheChange) {
     coordinator.start();
+    queue.runDue();
     addMeeting("now", at("2026-03-02T09:00:30"));
     store.changed.announce();
     queue.advance(Seconds{0.4});

@@ -1,0 +1,143 @@
+#include "Agenda.h"
+#include "AppCoordinator.h"
+#include "CommandLine.h"
+
+#include <linux/eventstore/LocalEventStore.h>
+#include <linux/mainqueue/QtMainQueue.h>
+#include <linux/shield/QtScreenLayout.h>
+#include <linux/shield/QtShieldingPanels.h>
+#include <linux/userdefaults/JsonUserDefaults.h>
+#include <linux/workspace/GioWorkspace.h>
+#include <platform/Log.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <optional>
+
+namespace vantrel {
+
+namespace {
+
+enum ExitCode { done = 0, failed = 1, wrongUsage = 2 };
+
+LocalCalendar currentCalendar() {
+    return {QTimeZone::systemTimeZone(), QLocale()};
+}
+
+void print(std::FILE *stream, const QByteArray &text) {
+    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
+}
+
+int fail(ExitCode code, const QString &message) {
+    print(stderr, QStringLiteral("vantrel: %1\n").arg(message).toUtf8());
+    return code;
+}
+
+QString settingsFile(const std::optional<QString> &profile) {
+    return profile ? *profile + QStringLiteral("/settings.json") : JsonUserDefaults::defaultPath();
+}
+
+QString rescueLogFile(const std::optional<QString> &profile) {
+    return profile ? *profile + QStringLiteral("/rescues.json") : RescueLogStore::defaultFileURL();
+}
+
+/// Made ahead, so that what is stored there for the first time finds its folder.
+bool makeFolder(const std::optional<QString> &profile) {
+    return !profile || QDir().mkpath(*profile);
+}
+
+int runAgent(int &argc, char **argv, const RunAgent &command) {
+    const QGuiApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    if (!makeFolder(command.profile))
+        return fail(failed, QStringLiteral("cannot make the folder %1").arg(*command.profile));
+
+    QtMainQueue queue;
+    LocalEventStore store(queue, StoreConfiguration::ofUser(command.profile), currentCalendar);
+    JsonUserDefaults defaults(settingsFile(command.profile));
+    GioWorkspace workspace;
+    QtScreenLayout screenLayout(queue);
+    QtShieldingPanels panels(queue);
+    PreferencesStore preferences(defaults);
+    AppCoordinator coordinator(
+        preferences, {queue, store, defaults, workspace, screenLayout, panels, currentCalendar},
+        rescueLogFile(command.profile));
+
+    store.start();
+    coordinator.start();
+    const int code = QGuiApplication::exec();
+    coordinator.stop();
+    return code;
+}
+
+std::optional<QString> unreadable(const QStringList &paths) {
+    for (const QString &path : paths) {
+        if (!QFileInfo(path).isReadable())
+            return path;
+    }
+    return std::nullopt;
+}
+
+std::set<QString> everyCalendar(const EventStore &store) {
+    std::set<QString> identifiers;
+    for (const StoreCalendar &calendar : store.calendars())
+        identifiers.insert(calendar.calendarIdentifier);
+    return identifiers;
+}
+
+int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
+    const QCoreApplication application(argc, argv);
+    if (const auto path = unreadable(command.calendars))
+        return fail(failed, QStringLiteral("cannot read %1").arg(*path));
+
+    QtMainQueue queue;
+    const Instant now = command.now.value_or(queue.now());
+    const bool isOwn = command.calendars.isEmpty();
+    StoreConfiguration configuration =
+        isOwn ? StoreConfiguration::ofUser(command.profile)
+              : StoreConfiguration::ofPaths(command.calendars, command.profile);
+    configuration.fixedWindow = {now, now + command.horizon};
+    LocalEventStore store(queue, configuration, currentCalendar);
+    store.loadNow();
+
+    std::set<QString> selected = everyCalendar(store);
+    if (isOwn) {
+        JsonUserDefaults defaults(settingsFile(command.profile));
+        if (AppCoordinator::hasSelection(defaults))
+            selected = PreferencesStore(defaults).selectedCalendarIDs();
+    }
+    const auto events = UpcomingEventsQuery(store).fetchUpcoming(selected, now, command.horizon);
+    print(stdout, command.asJson ? Agenda::json(events, now, store, currentCalendar())
+                                 : Agenda::text(events, currentCalendar()));
+    return std::fflush(stdout) == 0 ? done : failed;
+}
+
+} // namespace
+
+} // namespace vantrel
+
+int main(int argc, char **argv) {
+    using namespace vantrel;
+
+    QCoreApplication::setApplicationName(QStringLiteral("vantrel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VANTREL_VERSION));
+    QStringList arguments;
+    for (int index = 0; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+
+    const Command command = parseCommandLine(arguments, currentCalendar());
+    if (const auto *error = std::get_if<UsageError>(&command))
+        return fail(wrongUsage, error->message + QStringLiteral(" (vantrel --help tells more)"));
+    if (const auto *text = std::get_if<PrintText>(&command)) {
+        print(stdout, text->text.toUtf8());
+        return done;
+    }
+    if (const auto *agenda = std::get_if<PrintAgenda>(&command))
+        return printAgenda(argc, argv, *agenda);
+    return runAgent(argc, argv, std::get<RunAgent>(command));
+}
