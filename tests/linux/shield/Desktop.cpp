@@ -40,6 +40,11 @@ void disconnectRightMonitor() {
     run({"xrandr", "--delmonitor", "R"});
 }
 
+void joinMonitors() {
+    run({"xrandr", "--delmonitor", "L"});
+    run({"xrandr", "--delmonitor", "R"});
+}
+
 bool waitUntil(const std::function<bool()> &condition, Seconds longest) {
     QtMainQueue queue;
     const MonotonicInstant end = queue.uptime() + longest;

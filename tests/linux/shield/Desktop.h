@@ -27,6 +27,9 @@ inline const QRect wholeScreen(0, 0, 1600, 600);
 void connectBothMonitors();
 void disconnectRightMonitor();
 
+/// Makes one monitor of the whole screen.
+void joinMonitors();
+
 /// Runs the event loop until the condition holds; answers whether it came to
 /// that within the time.
 bool waitUntil(const std::function<bool()> &condition, Seconds longest = Seconds{10});
