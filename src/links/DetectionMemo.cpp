@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 
 namespace vantrel {
 
@@ -13,8 +14,11 @@ using Text = std::optional<QString>;
 /// differ in a few places only, and reading all of a text would cost more than comparing it once.
 constexpr qsizetype samples = 24;
 
-/// The rest of an entry: both links and the map's own.
+/// The rest of an entry: both links and the containers' own.
 constexpr std::size_t entryBytes = 512;
+
+/// Entries whose places collide share so many neighbouring ones: those of one cache line.
+constexpr std::size_t places = 8;
 
 void mix(std::size_t &hash, std::size_t value) {
     constexpr std::uint64_t factor = 0x9E3779B97F4A7C15; // 2^64 divided by the golden ratio
@@ -44,28 +48,14 @@ void mixText(std::size_t &hash, const QString *text) {
     }
 }
 
-const QString *textOf(const Text &text) {
-    return text ? &*text : nullptr;
-}
-
-const QString *textOf(const std::optional<Url> &url) {
-    return url ? &url->absoluteString() : nullptr;
-}
-
-std::size_t hashOf(const QString *url, const QString *location, const QString *notes,
-                   QLocale::Territory territory) {
-    std::size_t hash = static_cast<std::size_t>(territory);
-    mixText(hash, url);
-    mixText(hash, location);
-    mixText(hash, notes);
-    return hash;
-}
-
-bool isSame(const QString *left, const QString *right) {
+bool isSameStorage(const QString *left, const QString *right) {
     if (!left || !right)
         return left == right;
-    return left->size() == right->size() &&
-           (left->constData() == right->constData() || *left == *right);
+    return left->constData() == right->constData() && left->size() == right->size();
+}
+
+bool isEqualText(const QString *left, const QString *right) {
+    return isSameStorage(left, right) || (left && right && *left == *right);
 }
 
 /// A text without storage of its own (a literal, raw data) may change or go away behind our back.
@@ -75,87 +65,162 @@ Text ownText(const QString *text) {
     return text->capacity() > 0 ? *text : QString(text->constData(), text->size());
 }
 
+const QString *pointerTo(const Text &text) {
+    return text ? &*text : nullptr;
+}
+
 } // namespace
 
-DetectionMemo::Key::Key(const Inputs &inputs)
-    : url(ownText(textOf(inputs.url))),
-      location(ownText(textOf(inputs.location))),
-      notes(ownText(textOf(inputs.notes))),
-      territory(inputs.territory) {}
+std::size_t DetectionMemo::Texts::contentHash() const {
+    std::size_t hash = static_cast<std::size_t>(territory);
+    for (const QString *text : {url, location, notes})
+        mixText(hash, text);
+    return hash;
+}
 
-std::size_t DetectionMemo::Key::bytes() const {
-    std::size_t bytes = entryBytes;
-    for (const Text *text : {&url, &location, &notes}) {
-        if (*text)
-            bytes += static_cast<std::size_t>((*text)->size()) * sizeof(QChar);
-    }
-    return bytes;
+std::size_t DetectionMemo::Texts::storageHash() const {
+    std::size_t hash = static_cast<std::size_t>(territory);
+    for (const QString *text : {url, location, notes})
+        mix(hash, text ? reinterpret_cast<std::uintptr_t>(text->constData()) : 0);
+    return hash;
+}
+
+bool DetectionMemo::Texts::shareStorageWith(const Texts &other) const {
+    return territory == other.territory && isSameStorage(notes, other.notes) &&
+           isSameStorage(location, other.location) && isSameStorage(url, other.url);
+}
+
+bool DetectionMemo::Texts::areEqualTo(const Texts &other) const {
+    return territory == other.territory && isEqualText(url, other.url) &&
+           isEqualText(location, other.location) && isEqualText(notes, other.notes);
+}
+
+std::size_t DetectionMemo::Texts::bytes() const {
+    std::size_t characters = 0;
+    for (const QString *text : {url, location, notes})
+        characters += text ? static_cast<std::size_t>(text->size()) : 0;
+    return characters * sizeof(QChar);
+}
+
+DetectionMemo::Entry::Entry(const Texts &texts, const LinkDetector::Detection &found)
+    : territory(texts.territory), detection(found) {
+    share(texts);
+}
+
+void DetectionMemo::Entry::share(const Texts &texts) {
+    url = ownText(texts.url);
+    location = ownText(texts.location);
+    notes = ownText(texts.notes);
+}
+
+DetectionMemo::Texts DetectionMemo::Entry::texts() const {
+    return {pointerTo(url), pointerTo(location), pointerTo(notes), territory};
+}
+
+std::size_t DetectionMemo::Entry::bytes() const {
+    return entryBytes + texts().bytes();
 }
 
 /// The URL does not count: the detection may share it.
-bool DetectionMemo::Key::isHeldByNobodyElse() const {
+bool DetectionMemo::Entry::isHeldByNobodyElse() const {
     return (!location || location->isDetached()) && (!notes || notes->isDetached());
 }
 
-std::size_t DetectionMemo::Hash::operator()(const Key &key) const {
-    return hashOf(textOf(key.url), textOf(key.location), textOf(key.notes), key.territory);
+DetectionMemo::DetectionMemo(Limits limits) : m_limits(limits) {}
+
+DetectionMemo::Texts DetectionMemo::textsOf(const Inputs &inputs) {
+    return {inputs.url ? &inputs.url->absoluteString() : nullptr, pointerTo(inputs.location),
+            pointerTo(inputs.notes), inputs.territory};
 }
 
-std::size_t DetectionMemo::Hash::operator()(const Inputs &inputs) const {
-    return hashOf(textOf(inputs.url), textOf(inputs.location), textOf(inputs.notes),
-                  inputs.territory);
-}
-
-bool DetectionMemo::Equal::operator()(const Key &left, const Key &right) const {
-    return left.territory == right.territory && isSame(textOf(left.url), textOf(right.url)) &&
-           isSame(textOf(left.location), textOf(right.location)) &&
-           isSame(textOf(left.notes), textOf(right.notes));
-}
-
-bool DetectionMemo::Equal::operator()(const Key &key, const Inputs &inputs) const {
-    return key.territory == inputs.territory && isSame(textOf(key.url), textOf(inputs.url)) &&
-           isSame(textOf(key.location), textOf(inputs.location)) &&
-           isSame(textOf(key.notes), textOf(inputs.notes));
-}
-
-std::optional<LinkDetector::Detection> DetectionMemo::find(const Inputs &inputs) const {
+std::optional<LinkDetector::Detection> DetectionMemo::find(const Inputs &inputs) {
+    const Texts texts = textsOf(inputs);
     const std::scoped_lock lock(m_mutex);
-    const auto found = m_entries.find(inputs);
-    if (found == m_entries.end())
+    if (const Entry *entry = entryWithStorageOf(texts))
+        return entry->detection;
+    Entry *entry = entryEqualTo(texts);
+    if (!entry)
         return std::nullopt;
-    return found->second;
+    // The calendar has read its texts again and let go of the former ones.
+    if (entry->isHeldByNobodyElse()) {
+        entry->share(texts);
+        rememberStorageOf(*entry);
+    }
+    return entry->detection;
 }
 
 void DetectionMemo::add(const Inputs &inputs, const LinkDetector::Detection &detection) {
-    Key key(inputs);
-    const std::size_t bytes = key.bytes();
+    const Texts texts = textsOf(inputs);
     const std::scoped_lock lock(m_mutex);
-    if (bytes > m_limits.most || !m_entries.try_emplace(std::move(key), detection).second)
+    if (entryEqualTo(texts)) // another thread was faster
         return;
-    m_bytes += bytes;
+    const auto added = m_entries.emplace(texts.contentHash(), Entry(texts, detection));
+    m_bytes += added->second.bytes();
     if (++m_additions >= m_limits.tidiedEvery || m_bytes > m_limits.most)
         tidy();
+    else if (m_byStorage.size() < m_entries.size() * 2)
+        rebuildStorage();
+    else
+        rememberStorageOf(added->second);
+}
+
+/// An entry keeps its texts alive, so what is stored at the same address is the same text.
+const DetectionMemo::Entry *DetectionMemo::entryWithStorageOf(const Texts &texts) const {
+    if (m_byStorage.empty())
+        return nullptr;
+    const std::size_t first = texts.storageHash() & (m_byStorage.size() - places);
+    for (std::size_t place = first; place < first + places && m_byStorage[place]; ++place) {
+        if (m_byStorage[place]->texts().shareStorageWith(texts))
+            return m_byStorage[place];
+    }
+    return nullptr;
+}
+
+DetectionMemo::Entry *DetectionMemo::entryEqualTo(const Texts &texts) {
+    const auto [first, last] = m_entries.equal_range(texts.contentHash());
+    const auto found = std::find_if(first, last, [&](const auto &candidate) {
+        return candidate.second.texts().areEqualTo(texts);
+    });
+    return found == last ? nullptr : &found->second;
+}
+
+void DetectionMemo::rememberStorageOf(const Entry &entry) {
+    const std::size_t first = entry.texts().storageHash() & (m_byStorage.size() - places);
+    std::size_t place = first;
+    while (place < first + places - 1 && m_byStorage[place])
+        ++place;
+    m_byStorage[place] = &entry;
+}
+
+void DetectionMemo::rebuildStorage() {
+    std::size_t size = places;
+    while (size < m_entries.size() * 4)
+        size *= 2;
+    m_byStorage.assign(size, nullptr);
+    for (const auto &[hash, entry] : m_entries)
+        rememberStorageOf(entry);
 }
 
 void DetectionMemo::tidy() {
     m_additions = 0;
     std::size_t alone = 0;
-    for (const auto &[key, detection] : m_entries)
-        alone += key.isHeldByNobodyElse() ? key.bytes() : 0;
-    for (auto entry = m_entries.begin(); entry != m_entries.end() && alone > m_limits.mostAlone;) {
-        const bool isAlone = entry->first.isHeldByNobodyElse();
-        alone -= isAlone ? entry->first.bytes() : 0;
-        entry = isAlone ? drop(entry) : std::next(entry);
+    for (const auto &[hash, entry] : m_entries)
+        alone += entry.isHeldByNobodyElse() ? entry.bytes() : 0;
+    for (auto next = m_entries.begin(); next != m_entries.end() && alone > m_limits.mostAlone;) {
+        const bool isAlone = next->second.isHeldByNobodyElse();
+        alone -= isAlone ? next->second.bytes() : 0;
+        next = isAlone ? drop(next) : std::next(next);
     }
     // Half, so that room is made once and not at every addition.
     if (m_bytes > m_limits.most) {
         while (m_bytes > m_limits.most / 2)
             drop(m_entries.begin());
     }
+    rebuildStorage();
 }
 
 DetectionMemo::Entries::iterator DetectionMemo::drop(Entries::iterator entry) {
-    m_bytes -= entry->first.bytes();
+    m_bytes -= entry->second.bytes();
     return m_entries.erase(entry);
 }
 

@@ -9,6 +9,7 @@
 #include <mutex>
 #include <optional>
 #include <unordered_map>
+#include <vector>
 
 namespace vantrel {
 
@@ -17,6 +18,7 @@ namespace vantrel {
 ///
 /// Texts are shared, not copied, so a text that the calendar holds as well costs nothing; texts
 /// that nobody else holds any more are dropped beyond `mostAlone` bytes, everything beyond `most`.
+/// A text that shares its storage with a remembered one is known without being read.
 class DetectionMemo {
 public:
     struct Limits {
@@ -34,9 +36,9 @@ public:
     };
 
     DetectionMemo() : DetectionMemo(Limits()) {}
-    explicit DetectionMemo(Limits limits) : m_limits(limits) {}
+    explicit DetectionMemo(Limits limits);
 
-    [[nodiscard]] std::optional<LinkDetector::Detection> find(const Inputs &inputs) const;
+    [[nodiscard]] std::optional<LinkDetector::Detection> find(const Inputs &inputs);
     void add(const Inputs &inputs, const LinkDetector::Detection &detection);
 
     [[nodiscard]] std::size_t size() const;
@@ -45,39 +47,50 @@ public:
     [[nodiscard]] std::size_t bytes() const;
 
 private:
-    struct Key {
-        explicit Key(const Inputs &inputs);
+    /// The same inputs as texts; null for what is absent.
+    struct Texts {
+        const QString *url;
+        const QString *location;
+        const QString *notes;
+        QLocale::Territory territory;
+
+        [[nodiscard]] std::size_t contentHash() const;
+        [[nodiscard]] std::size_t storageHash() const;
+        [[nodiscard]] bool shareStorageWith(const Texts &other) const;
+        [[nodiscard]] bool areEqualTo(const Texts &other) const;
+        [[nodiscard]] std::size_t bytes() const;
+    };
+
+    struct Entry {
+        Entry(const Texts &texts, const LinkDetector::Detection &found);
 
         std::optional<QString> url;
         std::optional<QString> location;
         std::optional<QString> notes;
         QLocale::Territory territory;
+        LinkDetector::Detection detection;
 
+        void share(const Texts &texts);
+        [[nodiscard]] Texts texts() const;
         [[nodiscard]] std::size_t bytes() const;
         [[nodiscard]] bool isHeldByNobodyElse() const;
     };
 
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(const Key &key) const;
-        std::size_t operator()(const Inputs &inputs) const;
-    };
+    using Entries = std::unordered_multimap<std::size_t, Entry>; ///< By the hash of the content.
 
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(const Key &left, const Key &right) const;
-        bool operator()(const Key &key, const Inputs &inputs) const;
-        bool operator()(const Inputs &inputs, const Key &key) const { return (*this)(key, inputs); }
-    };
-
-    using Entries = std::unordered_map<Key, LinkDetector::Detection, Hash, Equal>;
-
+    static Texts textsOf(const Inputs &inputs);
+    [[nodiscard]] const Entry *entryWithStorageOf(const Texts &texts) const;
+    [[nodiscard]] Entry *entryEqualTo(const Texts &texts);
+    void rememberStorageOf(const Entry &entry);
+    void rebuildStorage();
     void tidy();
     Entries::iterator drop(Entries::iterator entry);
 
     const Limits m_limits;
     mutable std::mutex m_mutex;
     Entries m_entries;
+    /// The entries by where their texts are stored, several times as many places as entries.
+    std::vector<const Entry *> m_byStorage;
     std::size_t m_bytes = 0;
     int m_additions = 0; ///< Since the last tidying.
 };

@@ -28,7 +28,7 @@ public:
 
 private:
     static constexpr qsizetype longest = 8192;
-    static constexpr qsizetype deepest = 8;
+    static constexpr qsizetype deepest = 4;
 
     /// Whether the link may stand in lines, and so where they must end.
     enum class Folding { unknown, refused, accepted };

@@ -15,6 +15,10 @@ constexpr qsizetype farthest = 64;
 constexpr int mostWords = 4;
 constexpr qsizetype longestWord = 24;
 
+bool isCurrency(QStringView word) {
+    return !word.isEmpty() && cueOf(word) == Cue::currency;
+}
+
 bool isBlank(QChar c) {
     return c.isSpace() || c.category() == QChar::Other_Format;
 }
@@ -29,10 +33,9 @@ NumberContext::Meaning NumberContext::meaningBefore(qsizetype position) const {
         if (c.isLetter() || c.isMark()) {
             const qsizetype start = wordStart(position);
             const QStringView word = m_text.mid(start, position - start);
-            if (announcesPhone(word))
-                return Meaning::phone;
-            if (announcesOther(word))
-                return Meaning::other;
+            const Cue cue = cueOf(word);
+            if (cue == Cue::phone || cue == Cue::other)
+                return cue == Cue::phone ? Meaning::phone : Meaning::other;
             ++words;
             position = start;
         } else if (c == u'>' || c == u';') {

@@ -64,37 +64,34 @@ constexpr std::array currencies{
 
 bool matches(QStringView word, Words pattern) {
     const QStringView wanted(pattern.data(), static_cast<qsizetype>(pattern.size()));
+    const bool isLatin = characters::lettersOf(pattern.front()) != characters::Letters::other;
+    if (isLatin && word.front() != wanted.front())
+        return false;
     if (wanted.endsWith(u'*'))
         return word.startsWith(wanted.chopped(1));
-    if (characters::lettersOf(pattern.front()) == characters::Letters::other)
-        return word.endsWith(wanted);
-    return word == wanted;
+    return isLatin ? word == wanted : word.endsWith(wanted);
 }
 
 template <std::size_t count>
 bool isAnyOf(QStringView word, const std::array<Words, count> &patterns) {
-    const QString lower = word.toString().toLower();
     return std::any_of(patterns.begin(), patterns.end(),
-                       [&](Words pattern) { return matches(lower, pattern); });
+                       [&](Words pattern) { return matches(word, pattern); });
 }
 
 /// Compounds such as "Vertragsnummer"; by itself the word says nothing.
 bool isNumberOfSomething(QStringView word) {
-    return word.size() > 6 && word.endsWith(u"nummer", Qt::CaseInsensitive);
+    return word.size() > 6 && word.endsWith(u"nummer");
 }
 
 } // namespace
 
-bool announcesPhone(QStringView word) {
-    return isAnyOf(word, phoneWords);
-}
-
-bool announcesOther(QStringView word) {
-    return isAnyOf(word, otherWords) || isNumberOfSomething(word);
-}
-
-bool isCurrency(QStringView word) {
-    return isAnyOf(word, currencies);
+Cue cueOf(QStringView word) {
+    const QString lower = word.toString().toLower();
+    if (isAnyOf(lower, phoneWords))
+        return Cue::phone;
+    if (isAnyOf(lower, otherWords) || isNumberOfSomething(lower))
+        return Cue::other;
+    return isAnyOf(lower, currencies) ? Cue::currency : Cue::none;
 }
 
 } // namespace vantrel

@@ -4,13 +4,13 @@
 
 namespace vantrel {
 
-/// The word announces a phone number.
-[[nodiscard]] bool announcesPhone(QStringView word);
+enum class Cue {
+    none,
+    phone,    ///< Announces a phone number.
+    other,    ///< Announces digits that are not to be dialled.
+    currency, ///< A currency's code or short name.
+};
 
-/// The word announces digits that are not to be dialled.
-[[nodiscard]] bool announcesOther(QStringView word);
-
-/// The word is a currency's code or short name.
-[[nodiscard]] bool isCurrency(QStringView word);
+[[nodiscard]] Cue cueOf(QStringView word);
 
 } // namespace vantrel

@@ -5,8 +5,6 @@
 #include <QString>
 
 #include <algorithm>
-#include <cstring>
-#include <string>
 
 namespace vantrel {
 
@@ -14,12 +12,13 @@ namespace {
 
 const numberingplan::Region &regionOf(QLocale::Territory territory) {
     using numberingplan::Region;
-    const std::string code = QLocale::territoryToCode(territory).toStdString();
+    const QString code = QLocale::territoryToCode(territory);
     const auto *end = numberingplan::regions + numberingplan::regionCount;
-    const auto *found = std::find_if(numberingplan::regions, end, [&](const Region &region) {
-        return code.size() == 2 && std::memcmp(region.code, code.data(), 2) == 0;
-    });
-    return found == end ? regionOf(QLocale::UnitedStates) : *found;
+    const auto *found = std::lower_bound(
+        numberingplan::regions, end, code,
+        [](const Region &region, const QString &c) { return QLatin1String(region.code, 2) < c; });
+    const bool isKnown = found != end && QLatin1String(found->code, 2) == code;
+    return isKnown ? *found : regionOf(QLocale::UnitedStates);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ QString notes(int number, qsizetype length = 2000) {
 }
 
 TEST(DetectionMemo, KnowsNothingAtFirst) {
-    const DetectionMemo memo;
+    DetectionMemo memo;
     EXPECT_FALSE(memo.find({noUrl, noText, noText, territory}));
     EXPECT_EQ(memo.size(), 0U);
 }
