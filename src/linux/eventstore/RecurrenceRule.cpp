@@ -1,175 +1,200 @@
 #include "RecurrenceRule.h"
 
-#include <libical/ical.h>
+#include <QByteArray>
 
 #include <algorithm>
-#include <chrono>
-#include <utility>
+#include <cstdlib>
 
 namespace vantrel {
 
 namespace {
 
-constexpr qsizetype maximumRuleLength = 4096;
+constexpr qsizetype maximumLength = 4096;
+constexpr int maximumInterval = 100'000;
 
-icaltimetype icalTime(CivilSeconds civil, bool isDate) {
-    const std::chrono::year_month_day date{
-        std::chrono::sys_days{std::chrono::days{civilDay(civil)}}};
-    const auto time = static_cast<int>(civil - startOfCivilDay(civil));
-    icaltimetype result = icaltime_null_time();
-    result.year = static_cast<int>(date.year());
-    result.month = static_cast<int>(static_cast<unsigned>(date.month()));
-    result.day = static_cast<int>(static_cast<unsigned>(date.day()));
-    result.is_date = isDate ? 1 : 0;
-    if (!isDate) {
-        result.hour = time / 3600;
-        result.minute = time / 60 % 60;
-        result.second = time % 60;
-    }
-    return result;
+bool isWord(QByteArrayView text, const char *word) {
+    return text.compare(QByteArrayView(word), Qt::CaseInsensitive) == 0;
 }
 
-CivilSeconds civilTime(const icaltimetype &time) {
-    const std::chrono::sys_days day = std::chrono::year(time.year) /
-                                      static_cast<unsigned>(time.month) /
-                                      static_cast<unsigned>(time.day);
-    return day.time_since_epoch().count() * secondsPerDay + time.hour * 3600 + time.minute * 60 +
-           time.second;
+/// A whole number, with or without a sign.
+std::optional<int> parseNumber(QByteArrayView text) {
+    const bool isSigned = text.startsWith('+') || text.startsWith('-');
+    const QByteArrayView digits = text.sliced(isSigned ? 1 : 0);
+    if (digits.isEmpty() || digits.size() > 10 ||
+        !std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }))
+        return std::nullopt;
+    bool isNumber = false;
+    const int value = text.toByteArray().toInt(&isNumber);
+    return isNumber ? std::optional(value) : std::nullopt;
 }
 
-std::int64_t secondsPerPeriod(const icalrecurrencetype &rule) {
-    static constexpr std::int64_t lengths[] = {1,         60,         3600,       86400,
-                                               86400 * 7, 86400 * 28, 86400 * 365};
-    return lengths[rule.freq] * std::max<std::int64_t>(rule.interval, 1);
-}
-
-bool isSet(const short *list) {
-    return list[0] != ICAL_RECURRENCE_ARRAY_MAX;
-}
-
-/// Whether the rule leaves out some of its periods, so that it may walk far for one reading.
-bool hasFilters(const icalrecurrencetype &rule) {
-    return isSet(rule.by_month) || isSet(rule.by_month_day) || isSet(rule.by_year_day) ||
-           isSet(rule.by_week_no) || isSet(rule.by_day) || isSet(rule.by_hour) ||
-           isSet(rule.by_minute) || isSet(rule.by_second) || isSet(rule.by_set_pos);
-}
-
-/// Whether libical may be sent ahead. It then forgets the positions and the week numbers.
-bool canStartLater(const icalrecurrencetype &rule) {
-    return !isSet(rule.by_set_pos) && !isSet(rule.by_week_no);
-}
-
-/// UNTIL as it was written: libical's own form no longer tells a time in UTC from others.
-std::optional<DateTimeText> untilOf(QByteArrayView text) {
-    static constexpr char key[] = "UNTIL=";
-    for (qsizetype at = 0; at < text.size();) {
-        auto end = text.indexOf(';', at);
-        end = end < 0 ? text.size() : end;
-        const QByteArrayView part = text.sliced(at, end - at).trimmed();
-        if (part.size() > 6 &&
-            part.first(6).compare(QByteArrayView(key, 6), Qt::CaseInsensitive) == 0)
-            return parseDateTime(part.sliced(6));
-        at = end + 1;
+std::optional<int> parseWeekday(QByteArrayView text) {
+    static constexpr const char *names[] = {"SU", "MO", "TU", "WE", "TH", "FR", "SA"};
+    for (int weekday = 0; weekday < 7; ++weekday) {
+        if (isWord(text, names[weekday]))
+            return weekday;
     }
     return std::nullopt;
 }
 
-using Iterator = std::unique_ptr<icalrecur_iterator, decltype(&icalrecur_iterator_free)>;
+std::optional<RecurrenceRule::Frequency> parseFrequency(QByteArrayView text) {
+    static constexpr const char *names[] = {"SECONDLY", "MINUTELY", "HOURLY", "DAILY",
+                                            "WEEKLY",   "MONTHLY",  "YEARLY"};
+    for (int index = 0; index < 7; ++index) {
+        if (isWord(text, names[index]))
+            return static_cast<RecurrenceRule::Frequency>(index);
+    }
+    return std::nullopt;
+}
+
+/// Calls `take` with each part between commas; false as soon as one is refused.
+template <typename Take>
+bool forEachPart(QByteArrayView list, Take take) {
+    for (qsizetype at = 0; at <= list.size();) {
+        auto end = list.indexOf(',', at);
+        end = end < 0 ? list.size() : end;
+        if (!take(list.sliced(at, end - at).trimmed()))
+            return false;
+        at = end + 1;
+    }
+    return true;
+}
+
+/// Numbers from `least` to `most`.
+template <typename Set>
+bool readSet(QByteArrayView list, int least, int most, Set &set) {
+    return forEachPart(list, [&](QByteArrayView part) {
+        const auto number = parseNumber(part);
+        if (!number || *number < least || *number > most)
+            return false;
+        set |= Set{1} << *number;
+        return true;
+    });
+}
+
+/// Numbers from 1 to `most`, and the same with a minus sign.
+bool readList(QByteArrayView list, int most, std::vector<int> &numbers) {
+    return forEachPart(list, [&](QByteArrayView part) {
+        const auto number = parseNumber(part);
+        if (!number || *number == 0 || std::abs(*number) > most)
+            return false;
+        numbers.push_back(*number);
+        return true;
+    });
+}
+
+bool readDays(QByteArrayView list, std::vector<RecurrenceRule::Day> &days) {
+    return forEachPart(list, [&](QByteArrayView part) {
+        if (part.size() < 2)
+            return false;
+        const auto weekday = parseWeekday(part.last(2));
+        const QByteArrayView ordinal = part.chopped(2);
+        const auto number = ordinal.isEmpty() ? std::optional(0) : parseNumber(ordinal);
+        if (!weekday || !number || std::abs(*number) > 53 || (*number == 0 && !ordinal.isEmpty()))
+            return false;
+        days.push_back({*number, *weekday});
+        return true;
+    });
+}
+
+/// A number from 1 to `most`.
+bool readPositive(QByteArrayView text, int most, int &value) {
+    const auto number = parseNumber(text);
+    if (!number || *number < 1 || *number > most)
+        return false;
+    value = *number;
+    return true;
+}
+
+bool readUntil(QByteArrayView text, RecurrenceRule &rule) {
+    rule.until = parseDateTime(text);
+    return rule.until.has_value();
+}
+
+bool readWeekStart(QByteArrayView text, RecurrenceRule &rule) {
+    const auto weekday = parseWeekday(text);
+    rule.weekStart = weekday.value_or(1);
+    return weekday.has_value();
+}
+
+bool readSeconds(QByteArrayView text, RecurrenceRule &rule) {
+    constexpr std::uint64_t leapSecond = std::uint64_t{1} << 60;
+    if (!readSet(text, 0, 60, rule.seconds))
+        return false;
+    if ((rule.seconds & leapSecond) != 0)
+        rule.seconds = (rule.seconds & ~leapSecond) | leapSecond >> 1;
+    return true;
+}
+
+bool readPart(QByteArrayView name, QByteArrayView value, RecurrenceRule &rule) {
+    if (isWord(name, "INTERVAL"))
+        return readPositive(value, maximumInterval, rule.interval);
+    if (isWord(name, "COUNT"))
+        return readPositive(value, std::numeric_limits<int>::max(), rule.count);
+    if (isWord(name, "UNTIL"))
+        return readUntil(value, rule);
+    if (isWord(name, "WKST"))
+        return readWeekStart(value, rule);
+    if (isWord(name, "BYMONTH"))
+        return readSet(value, 1, 12, rule.months);
+    if (isWord(name, "BYHOUR"))
+        return readSet(value, 0, 23, rule.hours);
+    if (isWord(name, "BYMINUTE"))
+        return readSet(value, 0, 59, rule.minutes);
+    if (isWord(name, "BYSECOND"))
+        return readSeconds(value, rule);
+    if (isWord(name, "BYDAY"))
+        return readDays(value, rule.days);
+    if (isWord(name, "BYMONTHDAY"))
+        return readList(value, 31, rule.monthDays);
+    if (isWord(name, "BYYEARDAY"))
+        return readList(value, 366, rule.yearDays);
+    if (isWord(name, "BYWEEKNO"))
+        return readList(value, 53, rule.weekNumbers);
+    if (isWord(name, "BYSETPOS"))
+        return readList(value, 366, rule.positions);
+    if (isWord(name, "RSCALE"))
+        return isWord(value, "GREGORIAN");
+    if (isWord(name, "SKIP"))
+        return isWord(value, "OMIT");
+    return name.startsWith("X-") || name.startsWith("x-");
+}
 
 } // namespace
 
-RecurrenceRule::RecurrenceRule(std::unique_ptr<icalrecurrencetype> rule)
-    : m_rule(std::move(rule)) {}
-
-RecurrenceRule::RecurrenceRule(RecurrenceRule &&) noexcept = default;
-RecurrenceRule &RecurrenceRule::operator=(RecurrenceRule &&) noexcept = default;
-RecurrenceRule::~RecurrenceRule() = default;
-
 std::optional<RecurrenceRule> RecurrenceRule::parse(QByteArrayView text, QString &problem) {
-    if (text.size() > maximumRuleLength) {
-        problem = QStringLiteral("recurrence rule longer than %1 bytes").arg(maximumRuleLength);
+    problem = QStringLiteral("recurrence rule that cannot be read; only its first occurrence is "
+                             "shown");
+    if (text.size() > maximumLength)
         return std::nullopt;
-    }
-    const QByteArray terminated = text.trimmed().toByteArray();
-    auto parsed = std::make_unique<icalrecurrencetype>(
-        icalrecurrencetype_from_string(terminated.constData()));
-    if (parsed->freq == ICAL_NO_RECURRENCE || terminated.contains('\0')) {
-        problem = QStringLiteral("unreadable recurrence rule");
-        return std::nullopt;
-    }
-    RecurrenceRule rule(std::move(parsed));
-    const bool hasUntil = !icaltime_is_null_time(rule.m_rule->until);
-    rule.m_until = untilOf(terminated);
-    if (hasUntil && !rule.m_until) {
-        problem = QStringLiteral("recurrence rule with an impossible UNTIL");
-        return std::nullopt;
-    }
-    rule.m_count = std::exchange(rule.m_rule->count, 0);
-    return rule;
-}
-
-bool RecurrenceRule::isYearly() const {
-    return m_rule->freq == ICAL_YEARLY_RECURRENCE;
-}
-
-/// How many of the rule's periods lie in between: what libical walks through, one by one, within a
-/// call that nobody can stop.
-std::int64_t RecurrenceRule::periodsBetween(CivilSeconds from, CivilSeconds to) const {
-    return std::max<std::int64_t>(to - from, 0) / secondsPerPeriod(*m_rule);
-}
-
-RecurrenceRule::End RecurrenceRule::readings(CivilSeconds start, bool isDate,
-                                             std::optional<CivilSeconds> until, CivilSeconds from,
-                                             CivilSeconds to, int &steps,
-                                             const std::function<void(CivilSeconds)> &take) const {
-    if (start >= from && start < to)
-        take(start);
-    if (until && *until < std::max(from, start))
-        return End::ofRule;
-    if (start >= to)
-        return End::ofInterval;
-
-    const bool isSentAhead = from > start && m_count == 0 && canStartLater(*m_rule);
-    const CivilSeconds begin = isSentAhead ? from : start;
-    const CivilSeconds limit = until ? std::min(*until, to - 1) : to - 1;
-    const std::int64_t periods = periodsBetween(begin, limit);
-    const bool isShort = m_count > 0 && m_count <= steps && !hasFilters(*m_rule);
-    if (periods > steps && !isShort)
-        return End::ofPatience;
-
-    icalrecurrencetype rule = *m_rule;
-    rule.until = icalTime(limit, isDate);
-    const Iterator iterator(icalrecur_iterator_new(rule, icalTime(start, isDate)),
-                            &icalrecur_iterator_free);
-    if (!iterator)
-        return End::ofRule;
-    if (isSentAhead)
-        icalrecur_iterator_set_start(iterator.get(), icalTime(from, isDate));
-
-    CivilSeconds reached = begin;
-    End end = End::ofRule;
-    int taken = 0;
-    for (int count = 1; m_count == 0 || count < m_count; ++taken) {
-        if (taken >= steps) {
-            end = End::ofPatience;
-            break;
-        }
-        const icaltimetype next = icalrecur_iterator_next(iterator.get());
-        if (icaltime_is_null_time(next)) {
-            reached = limit;
-            end = until && *until < to ? End::ofRule : End::ofInterval;
-            break;
-        }
-        reached = civilTime(next);
-        if (reached <= start)
+    RecurrenceRule rule;
+    bool hasFrequency = false;
+    for (qsizetype at = 0; at < text.size();) {
+        auto end = text.indexOf(';', at);
+        end = end < 0 ? text.size() : end;
+        const QByteArrayView part = text.sliced(at, end - at).trimmed();
+        at = end + 1;
+        if (part.isEmpty())
             continue;
-        if (reached >= from && reached < to)
-            take(reached);
-        ++count;
+        const auto equals = part.indexOf('=');
+        if (equals < 0)
+            return std::nullopt;
+        const QByteArrayView name = part.first(equals);
+        const QByteArrayView value = part.sliced(equals + 1);
+        if (isWord(name, "FREQ")) {
+            const auto frequency = parseFrequency(value);
+            if (!frequency)
+                return std::nullopt;
+            rule.frequency = *frequency;
+            hasFrequency = true;
+        } else if (!readPart(name, value, rule)) {
+            return std::nullopt;
+        }
     }
-    const std::int64_t walked = hasFilters(*m_rule) ? periodsBetween(begin, reached) : 0;
-    steps -= std::max(taken, static_cast<int>(std::min<std::int64_t>(walked, steps)));
-    return end;
+    if (!hasFrequency)
+        return std::nullopt;
+    problem.clear();
+    return rule;
 }
 
 } // namespace vantrel

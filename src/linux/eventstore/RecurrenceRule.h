@@ -5,53 +5,43 @@
 #include <QByteArrayView>
 #include <QString>
 
-#include <functional>
-#include <memory>
+#include <cstdint>
 #include <optional>
-
-struct icalrecurrencetype;
+#include <vector>
 
 namespace vantrel {
 
-/// One RRULE: the wall-clock readings at which a series stands, computed by libical within bounds
-/// on work that no rule from a stranger can exceed.
-class RecurrenceRule {
-public:
-    /// Why the readings ended.
-    enum class End {
-        ofRule,     ///< COUNT or UNTIL is reached: there are none behind the interval.
-        ofInterval, ///< There may be more behind the interval.
-        ofPatience, ///< The work would have exceeded the bounds.
+/// What one RRULE says (RFC 5545, section 3.3.10). Lists are empty, sets 0, where the rule has no
+/// such part.
+struct RecurrenceRule {
+    enum class Frequency { secondly, minutely, hourly, daily, weekly, monthly, yearly };
+
+    /// "MO" has the ordinal 0, "2MO" 2, "-1MO" -1.
+    struct Day {
+        int ordinal = 0;
+        int weekday = 0; ///< 0 = Sunday to 6 = Saturday.
     };
 
-    /// Empty, with a `problem` to log, when the text is no rule.
+    Frequency frequency = Frequency::daily;
+    int interval = 1;
+    int count = 0; ///< 0 without COUNT.
+    std::optional<DateTimeText> until;
+    int weekStart = 1; ///< A weekday as above.
+
+    std::uint32_t months = 0;  ///< Bit 1 = January to bit 12.
+    std::uint32_t hours = 0;   ///< Bits 0 to 23.
+    std::uint64_t minutes = 0; ///< Bits 0 to 59.
+    std::uint64_t seconds = 0; ///< Bits 0 to 59; a leap second counts as the one before it.
+    std::vector<Day> days;
+    // Negative numbers count from the end.
+    std::vector<int> monthDays;
+    std::vector<int> yearDays;
+    std::vector<int> weekNumbers;
+    std::vector<int> positions;
+
+    /// Empty, with the reason in `problem`, when the text is no rule that can be kept to. Parts
+    /// with names of a vendor's own are passed over.
     static std::optional<RecurrenceRule> parse(QByteArrayView text, QString &problem);
-
-    RecurrenceRule(RecurrenceRule &&) noexcept;
-    RecurrenceRule &operator=(RecurrenceRule &&) noexcept;
-    ~RecurrenceRule();
-
-    [[nodiscard]] bool isYearly() const;
-
-    /// UNTIL, when the rule has one.
-    [[nodiscard]] const std::optional<DateTimeText> &until() const { return m_until; }
-
-    /// Calls `take` with the readings from `from` to `to`, in ascending order, of a series that
-    /// starts at `start` and ends with `until` (inclusive). `start` itself counts as the first
-    /// reading, whether or not the rule yields it. Takes from `steps` what the work came to; what
-    /// would come to more is not done.
-    End readings(CivilSeconds start, bool isDate, std::optional<CivilSeconds> until,
-                 CivilSeconds from, CivilSeconds to, int &steps,
-                 const std::function<void(CivilSeconds)> &take) const;
-
-private:
-    explicit RecurrenceRule(std::unique_ptr<icalrecurrencetype> rule);
-
-    [[nodiscard]] std::int64_t periodsBetween(CivilSeconds from, CivilSeconds to) const;
-
-    std::unique_ptr<icalrecurrencetype> m_rule;
-    std::optional<DateTimeText> m_until;
-    int m_count = 0; ///< 0 without COUNT.
 };
 
 } // namespace vantrel

@@ -1,6 +1,6 @@
 #include "SeriesExpander.h"
 
-#include "RecurrenceRule.h"
+#include "RuleReadings.h"
 #include "SeriesParts.h"
 
 #include <cstdlib>
@@ -71,14 +71,18 @@ private:
             }
             const int granted = m_budget.grant();
             int steps = granted;
-            const auto end =
-                rule->readings(master.start.civil, m_parts.isAllDay(), untilOf(*rule), from, to,
-                               steps, [&found](CivilSeconds reading) { found.push_back(reading); });
-            m_budget.take(granted - steps);
-            if (end == RecurrenceRule::End::ofPatience)
-                m_problems.add(master.line, QStringLiteral("recurrence rule that takes too long; "
-                                                           "not all of it is shown"));
-            if (purpose == Purpose::show && end != RecurrenceRule::End::ofRule)
+            RuleReadings walk(*rule, master.start.civil, untilOf(*rule));
+            const std::size_t before = found.size();
+            const auto end = walk.collect(from, to, steps, found);
+            m_budget.take(granted - std::max(steps, 0));
+            if (end == RuleReadings::End::ofPatience) {
+                m_problems.add(master.line, QStringLiteral("recurrence rule with too many "
+                                                           "occurrences; not all are shown"));
+                // Nobody meets every minute for weeks: none of that is worth an alert.
+                if (rule->frequency <= RecurrenceRule::Frequency::minutely)
+                    found.resize(before);
+            }
+            if (purpose == Purpose::show && end != RuleReadings::End::ofRule)
                 noteDue(m_window.to);
         }
         return found;
@@ -98,7 +102,7 @@ private:
 
     /// UNTIL in the series' own time. A day alone includes all of that day.
     [[nodiscard]] std::optional<CivilSeconds> untilOf(const RecurrenceRule &rule) const {
-        const auto &until = rule.until();
+        const auto &until = rule.until;
         if (!until || m_parts.isAllDay())
             return until ? std::optional(until->civil) : std::nullopt;
         if (until->isDate)

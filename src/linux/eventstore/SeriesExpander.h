@@ -27,17 +27,18 @@ struct Expansion {
 };
 
 /// Bounds the work that the rules of one text may cause. A series takes from what all have
-/// together, and finds a little left even when others have taken it all.
+/// together, and finds a little left even when others have taken it all. The steps are those of
+/// `RuleReadings`.
 class StepBudget {
 public:
     [[nodiscard]] int grant() const { return std::clamp(m_left, leastPerSeries, mostPerSeries); }
     void take(int steps) { m_left = std::max(m_left - steps, 0); }
 
 private:
-    static constexpr int leastPerSeries = 200;
-    static constexpr int mostPerSeries = 20'000;
+    static constexpr int leastPerSeries = 1'000;
+    static constexpr int mostPerSeries = 100'000;
 
-    int m_left = 1'000'000;
+    int m_left = 5'000'000;
 };
 
 /// Turns the components of one UID into occurrences: rules, added dates, exceptions and overrides

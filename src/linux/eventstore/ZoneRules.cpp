@@ -1,6 +1,6 @@
 #include "ZoneRules.h"
 
-#include "RecurrenceRule.h"
+#include "RuleReadings.h"
 
 #include <algorithm>
 #include <chrono>
@@ -14,7 +14,8 @@ constexpr CivilSeconds firstRuleTime = 0; // 1970
 constexpr CivilSeconds lastRuleTime =
     std::chrono::sys_days{std::chrono::year{2100} / 1 / 1}.time_since_epoch().count() *
     secondsPerDay;
-constexpr int maximumOnsets = 1000;
+constexpr std::size_t maximumOnsets = 1000;
+constexpr int maximumSteps = 2000;
 
 /// One STANDARD or DAYLIGHT block.
 struct Observance {
@@ -89,14 +90,14 @@ std::vector<CivilSeconds> onsetsOf(const Observance &observance) {
     for (const QByteArrayView text : observance.rules) {
         QString problem;
         const auto rule = RecurrenceRule::parse(text, problem);
-        if (!rule || !rule->isYearly())
+        if (!rule || rule->frequency != RecurrenceRule::Frequency::yearly)
             continue;
         std::optional<CivilSeconds> until;
-        if (const auto &end = rule->until())
-            until = end->civil + (end->isUtc ? *observance.offsetFrom : 0);
-        int steps = maximumOnsets;
-        rule->readings(*observance.start, false, until, firstRuleTime, lastRuleTime, steps,
-                       [&onsets](CivilSeconds onset) { onsets.push_back(onset); });
+        if (rule->until)
+            until = rule->until->civil + (rule->until->isUtc ? *observance.offsetFrom : 0);
+        int steps = maximumSteps;
+        RuleReadings(*rule, *observance.start, until)
+            .collect(firstRuleTime, lastRuleTime, steps, onsets);
     }
     return onsets;
 }
