@@ -149,7 +149,7 @@ bool LinkExtent::takesColon() {
     const bool isEscaped = inner - 3 >= m_body && at(inner - 3) == u'%' && isHexDigit(last);
     if (inner == m_body || isEscaped)
         return true;
-    if (isAsciiLetterOrDigit(last) || isOneOf(last, u",;.!([)]'*")) {
+    if (isAsciiLetterOrDigit(last) || isOneOf(last, u",;.!([)]'* \t\n\r")) {
         m_end = inner;
         while (m_depth > 0 && m_brackets[m_depth - 1].position >= m_end)
             --m_depth;

@@ -119,7 +119,7 @@ std::optional<LinkScanner::Link> LinkScanner::linkWithScheme(const Run &run, Sea
         return std::nullopt;
     m_position = extent.end();
     Link link{start, extent.end(), QString()};
-    if (search == Search::all && !extent.isTooLong() && !isEmbedded(start))
+    if (search == Search::all && !extent.isTooLong() && !isEmbedded(start) && !isLabel(link.end))
         link.address = extent.address();
     return link;
 }
@@ -144,9 +144,21 @@ std::optional<LinkScanner::Link> LinkScanner::bareLink(const BareHost &host,
         return std::nullopt;
     m_position = end;
     Link link{host.start(), end, QString()};
-    if (!extent || !extent->isTooLong())
+    if (!(extent && extent->isTooLong()) && !isLabel(end))
         link.address = QLatin1String("http://") + (extent ? extent->address() : host.name());
     return link;
+}
+
+/// "zoom.us/j/87...<https://zoom.us/j/873>", "[zoom.us](https://zoom.us/j/873)": what a mail
+/// program or a person shows in place of a link, often shortened.
+bool LinkScanner::isLabel(qsizetype end) const {
+    constexpr qsizetype longestEllipsis = 3;
+    qsizetype position = end;
+    while (position - end < longestEllipsis && (at(position) == u'.' || at(position) == 0x2026))
+        ++position;
+    if (at(position) == u'<')
+        return isHttpAt(position + 1);
+    return at(position) == u']' && at(position + 1) == u'(' && isHttpAt(position + 2);
 }
 
 /// The document type of an HTML text names its grammar by something that looks like a link.

@@ -23,7 +23,8 @@ public:
         qsizetype start;
         qsizetype end;
         QString address; ///< Null for what only looks like a link that one follows: the source of
-                         ///< a picture, the name of a namespace, a link of absurd length.
+                         ///< a picture, the name of a namespace, the label of another link, a
+                         ///< link of absurd length.
     };
 
     enum class Search {
@@ -54,6 +55,7 @@ private:
     std::optional<Link> declarationAt(qsizetype start);
     [[nodiscard]] qsizetype schemeStart(const Run &run) const;
     [[nodiscard]] bool isEmbedded(qsizetype start) const;
+    [[nodiscard]] bool isLabel(qsizetype end) const;
     [[nodiscard]] bool isHttpAt(qsizetype position) const;
     [[nodiscard]] char16_t at(qsizetype position) const;
 

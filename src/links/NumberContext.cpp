@@ -28,14 +28,18 @@ bool isBlank(QChar c) {
 NumberContext::Meaning NumberContext::meaningBefore(qsizetype position) const {
     const qsizetype bound = std::max<qsizetype>(0, position - farthest);
     int words = 0;
+    bool isNumbered = false;
     while (position > bound && words < mostWords) {
         const QChar c = m_text[position - 1];
         if (c.isLetter() || c.isMark()) {
             const qsizetype start = wordStart(position);
             const QStringView word = m_text.mid(start, position - start);
             const Cue cue = cueOf(word);
-            if (cue == Cue::phone || cue == Cue::other)
-                return cue == Cue::phone ? Meaning::phone : Meaning::other;
+            if (cue == Cue::phone)
+                return Meaning::phone;
+            if (cue == Cue::other || (cue == Cue::subject && isNumbered))
+                return Meaning::other;
+            isNumbered = isNumbered || cue == Cue::number;
             ++words;
             position = start;
         } else if (c == u'>' || c == u';') {

@@ -26,31 +26,47 @@ constexpr std::array phoneWords{
     Words(u"p"),       Words(u"тел"),      Words(u"телефон"),   Words(u"звонок"),
     Words(u"电话"),    Words(u"电话号码"), Words(u"手机"),      Words(u"手机号"),
     Words(u"電話"),    Words(u"電話番号"), Words(u"携帯"),      Words(u"電話號碼"),
-    Words(u"전화"),    Words(u"전화번호"), Words(u"휴대폰"),
+    Words(u"tlf*"),    Words(u"tfn"),      Words(u"puh*"),      Words(u"ring"),
+    Words(u"bel"),     Words(u"电话号"),   Words(u"携帯番号"),  Words(u"휴대폰번호"),
+    Words(u"연락처"),  Words(u"전화"),     Words(u"전화번호"),  Words(u"휴대폰"),
 };
 
 constexpr std::array otherWords{
-    Words(u"id"),          Words(u"ids"),        Words(u"pin"),       Words(u"pins"),
-    Words(u"pass*"),       Words(u"code*"),      Words(u"kod"),       Words(u"kode"),
-    Words(u"codigo"),      Words(u"código"),     Words(u"codice"),    Words(u"kenn*"),
-    Words(u"zugang*"),     Words(u"order*"),     Words(u"invoice"),   Words(u"ticket*"),
-    Words(u"ref"),         Words(u"refer*"),     Words(u"booking"),   Words(u"reserv*"),
-    Words(u"confirm*"),    Words(u"account"),    Words(u"acct"),      Words(u"konto*"),
-    Words(u"iban"),        Words(u"bic"),        Words(u"isbn"),      Words(u"issn"),
-    Words(u"ssn"),         Words(u"vat"),        Words(u"ust"),       Words(u"uid"),
-    Words(u"case"),        Words(u"customer"),   Words(u"kunde*"),    Words(u"bestell*"),
-    Words(u"auftrag*"),    Words(u"rechnung*"),  Words(u"vorgang*"),  Words(u"buchung*"),
-    Words(u"flight"),      Words(u"tracking"),   Words(u"serial"),    Words(u"version"),
-    Words(u"build"),       Words(u"commit"),     Words(u"contrase*"), Words(u"senha"),
-    Words(u"clave"),       Words(u"clé"),        Words(u"mot"),       Words(u"pedido"),
-    Words(u"commande"),    Words(u"facture"),    Words(u"ordine"),    Words(u"fattura"),
-    Words(u"bestelling"),  Words(u"wachtwoord"), Words(u"lösenord"),  Words(u"hasło"),
-    Words(u"heslo"),       Words(u"код"),        Words(u"пароль"),    Words(u"идентификатор"),
-    Words(u"конференции"), Words(u"заказ"),      Words(u"заказа"),    Words(u"号"),
-    Words(u"号码"),        Words(u"密码"),       Words(u"密碼"),      Words(u"編號"),
-    Words(u"编号"),        Words(u"订单"),       Words(u"番号"),      Words(u"パスコード"),
-    Words(u"パスワード"),  Words(u"コード"),     Words(u"암호"),      Words(u"비밀번호"),
-    Words(u"번호"),        Words(u"코드"),
+    Words(u"id"),          Words(u"ids"),        Words(u"pin"),
+    Words(u"pins"),        Words(u"pass*"),      Words(u"code*"),
+    Words(u"kod"),         Words(u"kode"),       Words(u"codigo"),
+    Words(u"código"),      Words(u"codice"),     Words(u"kenn*"),
+    Words(u"zugang*"),     Words(u"order*"),     Words(u"invoice"),
+    Words(u"ticket*"),     Words(u"ref"),        Words(u"refer*"),
+    Words(u"confirm*"),    Words(u"konto*"),     Words(u"iban"),
+    Words(u"bic"),         Words(u"isbn"),       Words(u"issn"),
+    Words(u"ssn"),         Words(u"vat"),        Words(u"ust"),
+    Words(u"uid"),         Words(u"bestell*"),   Words(u"auftrag*"),
+    Words(u"rechnung*"),   Words(u"vorgang*"),   Words(u"tracking"),
+    Words(u"serial"),      Words(u"version"),    Words(u"build"),
+    Words(u"commit"),      Words(u"contrase*"),  Words(u"senha"),
+    Words(u"clave"),       Words(u"clé"),        Words(u"pedido"),
+    Words(u"commande"),    Words(u"facture"),    Words(u"ordine"),
+    Words(u"fattura"),     Words(u"bestelling"), Words(u"wachtwoord"),
+    Words(u"lösenord"),    Words(u"hasło"),      Words(u"heslo"),
+    Words(u"код"),         Words(u"пароль"),     Words(u"идентификатор"),
+    Words(u"конференции"), Words(u"заказ"),      Words(u"заказа"),
+    Words(u"号"),          Words(u"号码"),       Words(u"密码"),
+    Words(u"密碼"),        Words(u"編號"),       Words(u"编号"),
+    Words(u"订单"),        Words(u"番号"),       Words(u"パスコード"),
+    Words(u"パスワード"),  Words(u"コード"),     Words(u"암호"),
+    Words(u"비밀번호"),    Words(u"번호"),       Words(u"코드"),
+};
+
+constexpr std::array subjects{
+    Words(u"account"), Words(u"acct"),    Words(u"booking"),  Words(u"buchung*"),
+    Words(u"case"),    Words(u"client"),  Words(u"customer"), Words(u"flight"),
+    Words(u"kunde*"),  Words(u"reserv*"), Words(u"member*"),  Words(u"room"),
+};
+
+constexpr std::array numberWords{
+    Words(u"number"), Words(u"numbers"), Words(u"no"),     Words(u"nr"),     Words(u"num"),
+    Words(u"nummer"), Words(u"numéro"),  Words(u"número"), Words(u"numero"),
 };
 
 constexpr std::array currencies{
@@ -91,6 +107,10 @@ Cue cueOf(QStringView word) {
         return Cue::phone;
     if (isAnyOf(lower, otherWords) || isNumberOfSomething(lower))
         return Cue::other;
+    if (isAnyOf(lower, subjects))
+        return Cue::subject;
+    if (isAnyOf(lower, numberWords))
+        return Cue::number;
     return isAnyOf(lower, currencies) ? Cue::currency : Cue::none;
 }
 

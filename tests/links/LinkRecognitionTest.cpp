@@ -90,8 +90,9 @@ INSTANTIATE_TEST_SUITE_P(
                         {u"https://en.wikipedia.example/wiki/Call_(band)"}},
                     Row{u"https://a.example/f(x)/g?h[]=1", {u"https://a.example/f(x)/g?h[]=1"}},
                     Row{u"https://zoom.us/j/1(Passcode: 5)", {u"https://zoom.us/j/1"}},
-                    Row{u"[https://zoom.us/j/1](https://zoom.us/j/2)",
-                        {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
+                    Row{u"[https://zoom.us/j/1](https://zoom.us/j/2)", {u"https://zoom.us/j/2"}},
+                    Row{u"[zoom.us](https://zoom.us/j/2)", {u"https://zoom.us/j/2"}},
+                    Row{u"[https://zoom.us/j/1](Room 5)", {u"https://zoom.us/j/1"}},
                     Row{u"[Join](https://zoom.us/j/1)", {u"https://zoom.us/j/1"}},
                     Row{u"[https://zoom.us/j/1 Join]", {u"https://zoom.us/j/1"}},
                     Row{u"https://a.example/(]", {u"https://a.example/"}},
@@ -99,23 +100,27 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Neighbours, LinksOfText,
-    testing::Values(Row{u"Join<https://zoom.us/j/1>", {u"https://zoom.us/j/1"}},
-                    Row{u"https://zoom.us/j/1<https://zoom.us/j/1>",
-                        {u"https://zoom.us/j/1", u"https://zoom.us/j/1"}},
-                    Row{u"https://zoom.us/j/1https://zoom.us/j/2",
-                        {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
-                    Row{u"https://zoom.us/j/1,https://zoom.us/j/2",
-                        {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
-                    Row{u"https://zoom.us/j/1;HTTP://zoom.us/j/2",
-                        {u"https://zoom.us/j/1", u"HTTP://zoom.us/j/2"}},
-                    Row{u"https://go.example/?to=https://zoom.us/j/1",
-                        {u"https://go.example/?to=https://zoom.us/j/1"}},
-                    Row{u"https://go.example/https://zoom.us/j/1",
-                        {u"https://go.example/https://zoom.us/j/1"}},
-                    Row{u"https://go.example/?to%3Dhttps://zoom.us/j/1",
-                        {u"https://go.example/?to%3Dhttps://zoom.us/j/1"}},
-                    Row{u"https://go.example/?to=https%3A%2F%2Fzoom.us%2Fj%2F1&sa=D",
-                        {u"https://go.example/?to=https%3A%2F%2Fzoom.us%2Fj%2F1&sa=D"}}));
+    testing::Values(
+        Row{u"Join<https://zoom.us/j/1>", {u"https://zoom.us/j/1"}},
+        Row{u"https://zoom.us/j/1<https://zoom.us/j/2>", {u"https://zoom.us/j/2"}},
+        Row{u"https://zoom.us/j/8...<https://zoom.us/j/873>", {u"https://zoom.us/j/873"}},
+        Row{u"https://zoom.us/j/8\u2026<https://zoom.us/j/873>", {u"https://zoom.us/j/873"}},
+        Row{u"https://zoom.us/j/1<br>", {u"https://zoom.us/j/1"}},
+        Row{u"https://zoom.us/j/1 <https://zoom.us/j/2>",
+            {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
+        Row{u"https://zoom.us/j/1https://zoom.us/j/2",
+            {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
+        Row{u"https://zoom.us/j/1,https://zoom.us/j/2",
+            {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}},
+        Row{u"https://zoom.us/j/1;HTTP://zoom.us/j/2",
+            {u"https://zoom.us/j/1", u"HTTP://zoom.us/j/2"}},
+        Row{u"https://go.example/?to=https://zoom.us/j/1",
+            {u"https://go.example/?to=https://zoom.us/j/1"}},
+        Row{u"https://go.example/https://zoom.us/j/1", {u"https://go.example/https://zoom.us/j/1"}},
+        Row{u"https://go.example/?to%3Dhttps://zoom.us/j/1",
+            {u"https://go.example/?to%3Dhttps://zoom.us/j/1"}},
+        Row{u"https://go.example/?to=https%3A%2F%2Fzoom.us%2Fj%2F1&sa=D",
+            {u"https://go.example/?to=https%3A%2F%2Fzoom.us%2Fj%2F1&sa=D"}}));
 
 INSTANTIATE_TEST_SUITE_P(
     Html, LinksOfText,
@@ -152,7 +157,9 @@ INSTANTIATE_TEST_SUITE_P(
         Row{u"https://zoom.us/j/1\n Meeting", {u"https://zoom.us/j/1"}},
         Row{u"\"https://zoom.us/j/1\nMeeting\"", {u"https://zoom.us/j/1"}},
         Row{u"<https://zoom.us/j/1\nMeeting ID: 5>", {u"https://zoom.us/j/1"}},
-        Row{u"<https://zoom.us/j/1\n  two>", {u"https://zoom.us/j/1"}}));
+        Row{u"<https://zoom.us/j/1\n  two>", {u"https://zoom.us/j/1"}},
+        Row{u"<https://zoom.us/j/1\nhttps://zoom.us/j/2>",
+            {u"https://zoom.us/j/1", u"https://zoom.us/j/2"}}));
 
 INSTANTIATE_TEST_SUITE_P(
     Scripts, LinksOfText,
@@ -196,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{u"example.com:8443/x", {u"http://example.com:8443/x"}},
         Row{u"example.com:soon", {u"http://example.com"}},
         Row{u"example.com?room=1", {u"http://example.com?room=1"}},
-        Row{u"zoom.us/j/1<https://zoom.us/j/1>", {u"http://zoom.us/j/1", u"https://zoom.us/j/1"}},
+        Row{u"zoom.us/j/1<https://zoom.us/j/1>", {u"https://zoom.us/j/1"}},
         Row{u"see...zoom.us/j/1", {u"http://zoom.us/j/1"}}, Row{u"co.uk", {}},
         Row{u"server.local/x", {}}, Row{u"intranet/meeting", {}}, Row{u"a.b", {}},
         Row{u"e.g. this, i.e. that, 5 p.m. sharp", {}}, Row{u"10.30", {}}, Row{u"192.168.0.1", {}},

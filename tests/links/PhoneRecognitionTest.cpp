@@ -131,6 +131,26 @@ INSTANTIATE_TEST_SUITE_P(
         Row{QLocale::Australia, u"(02) 9374 4000", {u"(02) 9374 4000"}}));
 
 INSTANTIATE_TEST_SUITE_P(
+    Labels, NumbersOfText,
+    testing::Values(Row{us, u"Customer service: 415-555-2671", {u"415-555-2671"}},
+                    Row{us, u"Customer number: 415-555-2671", {}},
+                    Row{us, u"Reservations: (415) 555-2671", {u"(415) 555-2671"}},
+                    Row{us, u"Reservation no. 415-555-2671", {}},
+                    Row{us, u"Account manager: 415-555-2671", {u"415-555-2671"}},
+                    Row{us, u"Phone number: 4155552671", {u"4155552671"}},
+                    Row{us, u"Meeting ID 12, phone 415-555-2671", {u"415-555-2671"}},
+                    Row{us, u"PIN: 1234 415-555-2671", {}},
+                    Row{us, u"Your ID, then 415-555-2671", {u"415-555-2671"}},
+                    Row{us, u"Passcode\n415-555-2671", {u"415-555-2671"}},
+                    Row{ch, u"Kundendienst 044 123 45 67", {u"044 123 45 67"}},
+                    Row{ch, u"Vertragsnummer 044 123 45 67", {}},
+                    Row{ch, u"<td>Tel</td><td>044 123 45 67</td>", {u"044 123 45 67"}},
+                    Row{dk, u"Tlf. 32123456", {u"32123456"}},
+                    Row{dk, u"Ring 32123456", {u"32123456"}},
+                    Row{QLocale::Japan, u"携帯番号：090-1234-5678", {u"090-1234-5678"}},
+                    Row{QLocale::Japan, u"会議番号：090-1234-5678", {}}));
+
+INSTANTIATE_TEST_SUITE_P(
     OtherDigits, NumbersOfText,
     testing::Values(
         Row{us, u"Meeting ID: 873 4929 1234", {}}, Row{us, u"Meeting ID: 873 492 1234", {}},

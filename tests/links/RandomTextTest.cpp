@@ -185,5 +185,55 @@ TEST_P(RandomText, IsAnsweredTheSameASecondTime) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomText, testing::Range(1U, 9U));
 
+/// Nothing is measured here: work that grew faster than the text would not come to an end.
+TEST(HostileText, IsScannedToItsEnd) {
+    constexpr qsizetype length = 1 << 18;
+    for (const char16_t *fragment : {u"(",
+                                     u"[",
+                                     u"<",
+                                     u"a.a.a.a.",
+                                     u"5",
+                                     u"5 ",
+                                     u"12-",
+                                     u"http://",
+                                     u"http://a",
+                                     u"<http://a\n",
+                                     u"=\"http://a\n",
+                                     u"http://a(",
+                                     u"http://a/(/",
+                                     u"http://a......",
+                                     u"a.us/(",
+                                     u"ftp://a ",
+                                     u"+1 ",
+                                     u"+",
+                                     u"+41 44 123 45 6",
+                                     u"&amp;",
+                                     u"&#",
+                                     u"&",
+                                     u"%3E",
+                                     u"%3C",
+                                     u"<!doctype",
+                                     u"a@",
+                                     u"@",
+                                     u"ID 044 123 45 67 ",
+                                     u"> 044 123 45 67",
+                                     u"; 044 123 45 67",
+                                     u"会a",
+                                     u"\u0301",
+                                     u"\U0001F600",
+                                     u"2024-05-13 ",
+                                     u"zoom.us<"}) {
+        const QString one = QString::fromUtf16(fragment);
+        for (const QString &text : {one.repeated(length / one.size()),
+                                    u"<https://zoom.us/"_qs + one.repeated(length / one.size())}) {
+            TextScanner scanner(text, QLocale::Switzerland);
+            qsizetype matches = 0;
+            while (scanner.next())
+                ++matches;
+            EXPECT_LE(matches, text.size()) << printable(one);
+        }
+    }
+}
+
 } // namespace
 } // namespace vantrel
