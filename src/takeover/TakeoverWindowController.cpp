@@ -149,24 +149,26 @@ void TakeoverWindowController::scheduleMadeItHide() {
 // Monitors
 
 void TakeoverWindowController::coverScreens() {
-    const std::vector<Screen> candidates = interactiveCandidates();
     const std::vector<Screen> screens = m_screenLayout.screens();
-    dropPanelsOfLostScreens(screens);
-    if (!m_interactivePanel)
+    // A monitor whose place or size changed counts as lost: it gets a panel that fits.
+    const auto isLost = [&](const TakeoverPanel &panel) {
+        return !contains(screens, panel.screen());
+    };
+    if (!m_interactivePanel || isLost(*m_interactivePanel)) {
+        const std::vector<Screen> candidates = interactiveCandidates();
+        // The old panel stays until the new one has taken the keyboard over from it: in between,
+        // a key would land in the program behind.
+        const auto old = std::exchange(m_interactivePanel, std::nullopt);
         placeInteractivePanel(candidates);
+    }
+    std::erase_if(m_echoPanels, isLost);
     for (const Screen &screen : screens) {
         if (!isCovered(screen))
             placeEchoPanel(screen);
     }
-}
-
-void TakeoverWindowController::dropPanelsOfLostScreens(const std::vector<Screen> &screens) {
-    // A monitor whose place or size changed counts as lost: it gets a panel that fits. The old one
-    // goes first, since it gives back the keyboard, which the one in its place is to take.
-    if (m_interactivePanel && !contains(screens, m_interactivePanel->screen()))
-        m_interactivePanel.reset();
-    std::erase_if(m_echoPanels,
-                  [&](const TakeoverPanel &panel) { return !contains(screens, panel.screen()); });
+    // Of two monitors that show the same part of the desktop, one would hide the view.
+    if (m_interactivePanel && isOverlapped(m_interactivePanel->screen()))
+        m_interactivePanel->orderFront();
 }
 
 void TakeoverWindowController::placeInteractivePanel(const std::vector<Screen> &candidates) {
@@ -177,7 +179,7 @@ void TakeoverWindowController::placeInteractivePanel(const std::vector<Screen> &
             break;
     }
     if (!m_interactivePanel) {
-        qCWarning(takeoverLog, "No monitor takes the takeover's panel");
+        qCInfo(takeoverLog, "No monitor takes the takeover; it waits for the next one");
         return;
     }
     m_interactivePanel->setOpacity(m_opacity);
@@ -201,6 +203,12 @@ bool TakeoverWindowController::isCovered(const Screen &screen) const {
     const auto covers = [&](const TakeoverPanel &panel) { return panel.screen() == screen; };
     return (m_interactivePanel && covers(*m_interactivePanel)) ||
            std::any_of(m_echoPanels.begin(), m_echoPanels.end(), covers);
+}
+
+bool TakeoverWindowController::isOverlapped(const Screen &screen) const {
+    return std::any_of(m_echoPanels.begin(), m_echoPanels.end(), [&](const TakeoverPanel &panel) {
+        return panel.screen().frame.intersects(screen.frame);
+    });
 }
 
 std::vector<Screen> TakeoverWindowController::interactiveCandidates() const {

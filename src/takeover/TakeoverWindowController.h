@@ -71,10 +71,10 @@ private:
     void scheduleMadeItHide();
 
     void coverScreens();
-    void dropPanelsOfLostScreens(const std::vector<Screen> &screens);
     void placeInteractivePanel(const std::vector<Screen> &candidates);
     void placeEchoPanel(const Screen &screen);
     [[nodiscard]] bool isCovered(const Screen &screen) const;
+    [[nodiscard]] bool isOverlapped(const Screen &screen) const;
     [[nodiscard]] std::vector<Screen> interactiveCandidates() const;
 
     void fadeIn();

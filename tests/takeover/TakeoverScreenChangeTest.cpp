@@ -115,16 +115,28 @@ TEST_F(TakeoverScreenChangeTest, FitsThePanelToAMonitorThatChangedItsSize) {
     }
 }
 
-TEST_F(TakeoverScreenChangeTest, TakesTheOldInteractivePanelAwayBeforeItMakesTheNext) {
+TEST_F(TakeoverScreenChangeTest, HoldsTheKeyboardWithoutAGapWhenTheViewMoves) {
     connectThreeScreens();
     show();
-    std::size_t interactivePanelsAtOnce = 0;
+    const auto before = interactivePanel(panels);
+    Ids inFrontWhileMade;
     panels.whenMade = [&](const fakes::RecordingPanels::Record &) {
-        interactivePanelsAtOnce = std::max(interactivePanelsAtOnce, interactive().size());
+        inFrontWhileMade = interactive();
     };
-    connect({screen("left", 0), screen("right", 3840)});
-    EXPECT_EQ(interactivePanelsAtOnce, 0U);
-    EXPECT_EQ(interactive().size(), 1U);
+    connect({screen("left", 0)});
+    EXPECT_EQ(inFrontWhileMade, Ids{middle});
+    EXPECT_EQ(interactive(), Ids{left});
+    EXPECT_FALSE(before->exists);
+}
+
+TEST_F(TakeoverScreenChangeTest, KeepsTheViewAboveTheEchoOfAMirroredMonitor) {
+    screens.connected = {screen("left", 0), screen("projector", 0, 1280, 720)};
+    screens.mouse = QPoint(10, 10);
+    show();
+    EXPECT_EQ(interactive(), Ids{left});
+    EXPECT_EQ(panels.orderedFront.back(), left);
+    connect({screen("left", 0), screen("projector", 1920, 1280, 720)});
+    EXPECT_EQ(panels.orderedFront.back(), QStringLiteral("projector"));
 }
 
 TEST_F(TakeoverScreenChangeTest, MakesNoSecondPanelWhenNothingChanged) {
