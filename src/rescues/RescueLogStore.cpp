@@ -147,10 +147,13 @@ void RescueLogStore::save(const DayBuckets &byDay) const {
     QJsonObject days;
     for (const auto &[key, bucket] : byDay)
         days.insert(key, encodeDay(bucket));
+    const QByteArray text = QJsonDocument(days).toJson(QJsonDocument::Indented);
     QSaveFile file(m_fileURL);
+    // On a full disk a write comes back short, or fails only when the buffer is flushed. Committing
+    // looks at neither and would put half a log in the place of a whole one.
     if (!file.open(QIODevice::WriteOnly) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        file.write(QJsonDocument(days).toJson(QJsonDocument::Indented)) < 0 || !file.commit())
+        file.write(text) != text.size() || !file.flush() || !file.commit())
         qCCritical(rescueLog).noquote() << "Failed to save rescue log:" << file.errorString();
 }
 

@@ -1,4 +1,5 @@
 #include <fakes/CapturedLog.h>
+#include <fakes/FullDisk.h>
 #include <rescues/RescueLogStore.h>
 
 #include <QDir>
@@ -185,6 +186,21 @@ TEST_F(RescueLogStoreTest, ReplacesTheFileInOneStep) {
     // Whoever had the file open goes on reading the old one whole: it was not written over.
     EXPECT_EQ(old.readAll(), "{}");
     EXPECT_EQ(store.load().size(), 1u);
+}
+
+TEST_F(RescueLogStoreTest, LeavesTheOldLogStandingWhenTheDiskIsFull) {
+    const DayBuckets before{{monday, DayBucket{1, 0, 0, 0, 0}}};
+    store.save(before);
+    DayBuckets many;
+    for (int day = 0; day < 1000; ++day)
+        many[QString::number(day)] = DayBucket{};
+    {
+        const fakes::FullDisk full(200);
+        store.save(many);
+        store.save({{monday, DayBucket{2, 0, 0, 0, 0}}, {QString(200, u'x'), DayBucket{}}});
+    }
+    EXPECT_EQ(store.load(), before);
+    EXPECT_EQ(CapturedLog::lines().size(), 2u);
 }
 
 TEST_F(RescueLogStoreTest, LogsASaveThatFails) {

@@ -57,7 +57,8 @@ std::optional<QString> replace(const QString &path, const QByteArray &text) {
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
         file.write(text) != text.size() || !file.flush())
         return file.errorString();
-    // A full disk may show itself only here, and committing does not look at it.
+    // On a full disk a write comes back short or fails as late as here, and committing looks at
+    // neither.
     if (::fsync(file.handle()) != 0)
         return lastSystemError();
     if (!file.commit())

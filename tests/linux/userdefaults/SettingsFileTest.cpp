@@ -1,4 +1,5 @@
 #include <fakes/CapturedLog.h>
+#include <fakes/FullDisk.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 
 #include <QDir>
@@ -189,6 +190,22 @@ TEST_F(FailingSaveTest, IsLoggedAgainAfterASaveThatWorked) {
     defaults.setInteger(key, 3);
     defaults.setInteger(key, 4);
     EXPECT_EQ(loggedErrors(), 2u);
+}
+
+TEST_F(SettingsFileTest, LeavesTheOldTextStandingWhenTheDiskIsFull) {
+    JsonUserDefaults defaults(path);
+    defaults.setInteger(key, 1);
+    const QByteArray before = read(path);
+    {
+        const fakes::FullDisk full(100);
+        defaults.setString(key, QString(50000, u'x'));
+        defaults.setString(key, QString(500, u'x'));
+    }
+    EXPECT_EQ(read(path), before);
+    EXPECT_EQ(loggedErrors(), 1u);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    defaults.setInteger(QStringLiteral("Vantrel.other"), 2);
+    EXPECT_EQ(JsonUserDefaults(path).string(key), QString(500, u'x'));
 }
 
 TEST_F(SettingsFileTest, WritesThroughALinkToItsTarget) {
