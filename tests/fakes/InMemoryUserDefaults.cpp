@@ -3,9 +3,27 @@
 #include <QJsonArray>
 
 #include <algorithm>
-#include <cmath>
+#include <limits>
 
 namespace vantrel::fakes {
+
+namespace {
+
+/// Empty for anything but a whole number of 64 bits.
+std::optional<std::int64_t> wholeNumber(const QJsonValue &value) {
+    const qint64 number = value.toInteger(0);
+    return number == value.toInteger(1) ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+std::int64_t nearestWholeNumber(double number) {
+    if (number >= 0x1p63)
+        return std::numeric_limits<std::int64_t>::max();
+    if (number < -0x1p63)
+        return std::numeric_limits<std::int64_t>::min();
+    return static_cast<std::int64_t>(number);
+}
+
+} // namespace
 
 bool InMemoryUserDefaults::hasObject(const QString &key) const {
     return objects.contains(key);
@@ -15,11 +33,12 @@ std::int64_t InMemoryUserDefaults::integer(const QString &key) const {
     const QJsonValue value = object(key);
     if (value.isBool())
         return value.toBool() ? 1 : 0;
-    return static_cast<std::int64_t>(value.toDouble(0.0));
+    return wholeNumber(value).value_or(nearestWholeNumber(value.toDouble(0.0)));
 }
 
 bool InMemoryUserDefaults::boolean(const QString &key) const {
-    return integer(key) != 0;
+    const QJsonValue value = object(key);
+    return value.isDouble() ? value.toDouble() != 0.0 : value.toBool(false);
 }
 
 std::optional<QString> InMemoryUserDefaults::string(const QString &key) const {
@@ -47,9 +66,10 @@ InMemoryUserDefaults::integerArray(const QString &key) const {
         return std::nullopt;
     std::vector<std::int64_t> integers;
     for (const QJsonValue &element : value.toArray()) {
-        if (!element.isDouble() || std::trunc(element.toDouble()) != element.toDouble())
+        const auto number = wholeNumber(element);
+        if (!number)
             return std::nullopt;
-        integers.push_back(element.toInteger());
+        integers.push_back(*number);
     }
     return integers;
 }

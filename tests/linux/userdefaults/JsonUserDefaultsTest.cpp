@@ -1,3 +1,4 @@
+#include <fakes/InMemoryUserDefaults.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 
 #include <QFile>
@@ -110,6 +111,31 @@ INSTANTIATE_TEST_SUITE_P(
                     ReadingCase{"{\"a\": 1}", 0, false}, ReadingCase{"1e300", highest, true},
                     ReadingCase{"-1e300", lowest, true},
                     ReadingCase{"9223372036854775808", highest, true}));
+
+/// What rooms are tested on in place of the file reads everything just as the file does.
+class StandInTest : public JsonUserDefaultsTest,
+                    public testing::WithParamInterface<const char *> {};
+
+TEST_P(StandInTest, ReadsAsTheFileDoes) {
+    writeFile(QByteArray("{\"Vantrel.key\": ") + GetParam() + "}");
+    const JsonUserDefaults real(path);
+    fakes::InMemoryUserDefaults standIn;
+    standIn.objects[key] = fileObject().value(key);
+    EXPECT_EQ(standIn.hasObject(key), real.hasObject(key));
+    EXPECT_EQ(standIn.integer(key), real.integer(key));
+    EXPECT_EQ(standIn.boolean(key), real.boolean(key));
+    EXPECT_EQ(standIn.string(key), real.string(key));
+    EXPECT_EQ(standIn.stringArray(key), real.stringArray(key));
+    EXPECT_EQ(standIn.integerArray(key), real.integerArray(key));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, StandInTest,
+                         testing::Values("0", "1", "-2.9", "0.5", "1e300", "-1e300",
+                                         "9223372036854775807", "-9223372036854775808",
+                                         "9223372036854775808", "9007199254740993", "true", "false",
+                                         "null", "\"\"", "\"12\"", "{}", "[]", "[1, 2]", "[1, 2.5]",
+                                         "[1e30]", "[true]", "[\"a\"]", "[\"a\", 1]",
+                                         "[9223372036854775807]"));
 
 struct ArrayCase {
     const char *json;
