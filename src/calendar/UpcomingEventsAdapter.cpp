@@ -7,6 +7,8 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -34,11 +36,16 @@ qint64 wholeSecondsSinceReferenceDate(Instant instant) {
     return static_cast<qint64>(seconds);
 }
 
+/// One allocation: every refresh of every consumer builds the keys of all meetings in its horizon.
 QString occurrenceKey(const StoreEvent &event) {
+    std::array<char, 20> digits; // as many as the smallest 64-bit number has, with its sign
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                   wholeSecondsSinceReferenceDate(event.startDate))
+                         .ptr;
+    const QLatin1String seconds(digits.data(), end - digits.data());
     const QString identifier = event.eventIdentifier
                                    ? *event.eventIdentifier
                                    : QUuid::createUuid().toString(QUuid::WithoutBraces);
-    const QString seconds = QString::number(wholeSecondsSinceReferenceDate(event.startDate));
     QString key;
     key.reserve(identifier.size() + 1 + seconds.size());
     key.append(identifier).append(QLatin1Char('|')).append(seconds);
