@@ -17,6 +17,9 @@ using x11::Reply;
 /// A quarter of an hour of asking, ten times in the first second.
 const Backoff grabPauses(Seconds{0.01}, Seconds{1}, 900);
 
+/// A locker that finds the keyboard taken asks for it many times a second.
+constexpr Seconds loan{0.4};
+
 /// Against a program that wants the focus just as badly there is no winning; the grab has the keys.
 const Backoff focusPauses(Seconds{0.01}, Seconds{1}, 40);
 
@@ -63,6 +66,7 @@ void X11Keyboard::take(xcb_window_t window) {
     }
     const xcb_window_t formerOwner = std::exchange(m_owner, window);
     m_isGrabbed = false;
+    m_isLent = false;
     m_grabPauses = grabPauses;
     m_focusPauses = focusPauses;
     focus(formerOwner);
@@ -88,6 +92,24 @@ void X11Keyboard::giveBack(xcb_window_t window) {
     m_isGrabbed = false;
 }
 
+bool X11Keyboard::lend() {
+    if (!m_isGrabbed)
+        return false;
+    xcb_ungrab_keyboard(connection(), XCB_CURRENT_TIME);
+    xcb_flush(connection());
+    m_isGrabbed = false;
+    m_isLent = true;
+    askAgainAfter(loan);
+    return true;
+}
+
+void X11Keyboard::askAgainAfter(Seconds pause) {
+    m_nextGrab = m_queue.after(pause, [this] {
+        m_isLent = false;
+        grab();
+    });
+}
+
 void X11Keyboard::focus(xcb_window_t formerOwner) {
     const Reply<xcb_get_input_focus_reply_t> current(
         xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
@@ -103,7 +125,7 @@ void X11Keyboard::focus(xcb_window_t formerOwner) {
 }
 
 void X11Keyboard::grab() {
-    if (m_isGrabbed || m_owner == XCB_NONE)
+    if (m_isGrabbed || m_isLent || m_owner == XCB_NONE)
         return;
     // In one breath: a key that goes down later than the question is a press of ours.
     const auto keymapAsked = xcb_query_keymap(connection());
@@ -118,7 +140,7 @@ void X11Keyboard::grab() {
         m_nextGrab.cancel();
         granted.announce();
     } else if (const auto pause = m_grabPauses.next()) {
-        m_nextGrab = m_queue.after(*pause, [this] { grab(); });
+        askAgainAfter(*pause);
     } else {
         qCWarning(shieldLog, "Another program keeps the keyboard; no longer asking for it");
     }

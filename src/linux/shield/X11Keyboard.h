@@ -31,6 +31,10 @@ public:
     /// nothing for a window that does not have the keyboard.
     void giveBack(xcb_window_t window);
 
+    /// Lets go of the grab for a moment, for a screen locker to take it; the focus stays. Answers
+    /// whether there was a grab to let go of.
+    bool lend();
+
     /// Whether another program keeps the keyboard from the window that wants it.
     [[nodiscard]] bool isWithheld() const { return m_owner != XCB_NONE && !m_isGrabbed; }
 
@@ -52,6 +56,7 @@ public:
     void handleEvent(const xcb_generic_event_t &event);
 
 private:
+    void askAgainAfter(Seconds pause);
     void focus(xcb_window_t formerOwner);
     void grab();
     void regainFocusSoon();
@@ -59,6 +64,7 @@ private:
     MainQueue &m_queue;
     xcb_window_t m_owner = XCB_NONE;
     bool m_isGrabbed = false;
+    bool m_isLent = false;
     xcb_window_t m_focusedBefore = XCB_NONE;
     std::bitset<256> m_downBefore;
     Backoff m_grabPauses;

@@ -5,8 +5,7 @@
 
 namespace vantrel {
 
-X11Shield::X11Shield(MainQueue &queue)
-    : m_keyboard(queue), m_stack(queue, [this] { return m_keyboard.isWithheld(); }) {
+X11Shield::X11Shield(MainQueue &queue) : m_keyboard(queue), m_stack(queue, m_keyboard) {
     QCoreApplication::instance()->installNativeEventFilter(this);
     m_grant = m_keyboard.granted.subscribe([this] { m_stack.arrange(); });
 }

@@ -14,8 +14,8 @@ const Backoff raisePauses(Seconds{0.001}, Seconds{1}, 64);
 
 } // namespace
 
-X11Stack::X11Stack(MainQueue &queue, std::function<bool()> isKeyboardWithheld)
-    : m_queue(queue), m_isKeyboardWithheld(std::move(isKeyboardWithheld)), m_pauses(raisePauses) {}
+X11Stack::X11Stack(MainQueue &queue, X11Keyboard &keyboard)
+    : m_queue(queue), m_keyboard(keyboard), m_pauses(raisePauses) {}
 
 X11Stack::~X11Stack() {
     while (!m_windows.empty())
@@ -25,6 +25,7 @@ X11Stack::~X11Stack() {
 void X11Stack::add(xcb_window_t window) {
     if (m_windows.empty()) {
         m_pauses = raisePauses;
+        m_triedLockers.clear();
         x11::selectEvents(x11::rootWindow(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     }
     if (!isOurs(window))
@@ -60,21 +61,23 @@ bool X11Stack::isOurs(xcb_window_t window) const {
 }
 
 xcb_window_t X11Stack::lowestLocker() const {
-    if (!m_isKeyboardWithheld())
+    if (!m_keyboard.isWithheld())
         return XCB_NONE;
-    std::vector<QRect> frames;
-    for (const xcb_window_t window : m_windows)
-        frames.push_back(x11::describe(window).frame);
-    for (const xcb_window_t window : x11::stackingOrder()) {
-        if (isOurs(window) || x11::isServersOwn(window))
-            continue;
-        const x11::WindowFacts facts = x11::describe(window);
-        const auto isCovered = [&](const QRect &frame) { return facts.frame.contains(frame); };
-        if (facts.isVisible && facts.isUnmanaged &&
-            std::any_of(frames.begin(), frames.end(), isCovered))
-            return window;
-    }
-    return XCB_NONE;
+    const std::vector<xcb_window_t> order = x11::stackingOrder();
+    const auto found = std::find_if(order.begin(), order.end(),
+                                    [this](xcb_window_t window) { return isLockerToBe(window); });
+    return found == order.end() ? XCB_NONE : *found;
+}
+
+/// Whether it looks like a locker, wherever the keyboard is.
+bool X11Stack::isLockerToBe(xcb_window_t window) const {
+    if (isOurs(window) || x11::isServersOwn(window))
+        return false;
+    const x11::WindowFacts facts = x11::describe(window);
+    return facts.isVisible && facts.isUnmanaged &&
+           std::any_of(m_windows.begin(), m_windows.end(), [&](xcb_window_t ours) {
+               return facts.frame.contains(x11::describe(ours).frame);
+           });
 }
 
 bool X11Stack::isObscured() const {
@@ -124,19 +127,33 @@ void X11Stack::checkSoon() {
         return;
     m_check = m_queue.after(Seconds::zero(), [this] {
         m_isChecking = false;
-        if (!isObscured() || isLocked())
-            return;
-        const auto pause = m_pauses.next();
-        if (!pause) {
-            qCWarning(shieldLog, "Another window stays above the panels");
-            return;
-        }
-        m_isChecking = true;
-        m_check = m_queue.after(*pause, [this] {
-            m_isChecking = false;
-            arrange();
-        });
+        check();
     });
+}
+
+void X11Stack::check() {
+    if (!isObscured() || makeWayForLocker() || isLocked())
+        return;
+    const auto pause = m_pauses.next();
+    if (!pause) {
+        qCWarning(shieldLog, "Another window stays above the panels");
+        return;
+    }
+    m_isChecking = true;
+    m_check = m_queue.after(*pause, [this] {
+        m_isChecking = false;
+        arrange();
+    });
+}
+
+/// Answers whether a window is having its chance. The panels stay below it until the keyboard is
+/// back.
+bool X11Stack::makeWayForLocker() {
+    for (const xcb_window_t window : x11::stackingOrder()) {
+        if (isLockerToBe(window) && m_triedLockers.insert(window).second)
+            return m_keyboard.lend();
+    }
+    return false;
 }
 
 } // namespace vantrel

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Backoff.h"
-#include "X11.h"
+#include "X11Keyboard.h"
 
 #include <platform/MainQueue.h>
 
-#include <functional>
+#include <set>
 #include <vector>
 
 namespace vantrel {
@@ -14,11 +14,12 @@ namespace vantrel {
 /// later. It gives way to a screen locker alone.
 ///
 /// A locker is told by what it does: an unmanaged window over a whole monitor whose program holds
-/// the keyboard. Main thread only.
+/// the keyboard. One that comes up while the panels have the keyboard could not lock the screen:
+/// each such window is lent the keyboard once. Main thread only.
 class X11Stack {
 public:
-    /// `isKeyboardWithheld` answers whether another program holds the keyboard.
-    X11Stack(MainQueue &queue, std::function<bool()> isKeyboardWithheld);
+    /// Both must outlive the stack.
+    X11Stack(MainQueue &queue, X11Keyboard &keyboard);
     X11Stack(const X11Stack &) = delete;
     X11Stack &operator=(const X11Stack &) = delete;
     ~X11Stack();
@@ -42,11 +43,15 @@ private:
     [[nodiscard]] bool isOurs(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t lowestLocker() const;
     [[nodiscard]] bool isObscured() const;
+    [[nodiscard]] bool isLockerToBe(xcb_window_t window) const;
+    [[nodiscard]] bool makeWayForLocker();
     void checkSoon();
+    void check();
 
     MainQueue &m_queue;
-    std::function<bool()> m_isKeyboardWithheld;
-    std::vector<xcb_window_t> m_windows; ///< In the order in which they came.
+    X11Keyboard &m_keyboard;
+    std::vector<xcb_window_t> m_windows;   ///< In the order in which they came.
+    std::set<xcb_window_t> m_triedLockers; ///< Those that had their chance.
     Backoff m_pauses;
     ScheduledWork m_check;
     bool m_isChecking = false;

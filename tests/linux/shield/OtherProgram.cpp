@@ -2,6 +2,7 @@
 
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -88,6 +89,15 @@ bool OtherProgram::isViewable(xcb_window_t window) {
     const auto attributes = own(xcb_get_window_attributes_reply(
         m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
     return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+bool OtherProgram::isAbove(xcb_window_t higher, xcb_window_t lower) {
+    const auto tree =
+        own(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root()), nullptr));
+    const xcb_window_t *begin = xcb_query_tree_children(tree.get());
+    const xcb_window_t *end = begin + xcb_query_tree_children_length(tree.get());
+    const xcb_window_t *found = std::find(begin, end, lower);
+    return found != end && std::find(found, end, higher) != end;
 }
 
 bool OtherProgram::grabKeyboard() {

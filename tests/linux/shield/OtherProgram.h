@@ -30,6 +30,8 @@ public:
     void raise(xcb_window_t window);
     void focus(xcb_window_t window);
     [[nodiscard]] xcb_window_t focused();
+    /// Of two windows that no window manager has put into a frame.
+    [[nodiscard]] bool isAbove(xcb_window_t higher, xcb_window_t lower);
     [[nodiscard]] bool isViewable(xcb_window_t window);
 
     /// Answers whether the server granted it.

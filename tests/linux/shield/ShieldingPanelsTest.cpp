@@ -2,6 +2,9 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace vantrel::tests {
 
@@ -25,6 +28,20 @@ void ShieldingPanelsTest::showPanels() {
     ASSERT_TRUE(interactive && echo);
     interactive->orderFront();
     echo->orderFront();
+}
+
+bool ShieldingPanelsTest::areBelow(xcb_window_t other) {
+    const auto windows = QGuiApplication::topLevelWindows();
+    return std::all_of(windows.begin(), windows.end(), [&](const QWindow *window) {
+        return program().isAbove(other, static_cast<xcb_window_t>(window->winId()));
+    });
+}
+
+bool ShieldingPanelsTest::areAbove(xcb_window_t other) {
+    const auto windows = QGuiApplication::topLevelWindows();
+    return std::all_of(windows.begin(), windows.end(), [&](const QWindow *window) {
+        return program().isAbove(static_cast<xcb_window_t>(window->winId()), other);
+    });
 }
 
 bool ShieldingPanelsTest::shows(const QRect &area, const QColor &color) {

@@ -2,6 +2,7 @@
 
 #include "Desktop.h"
 
+#include <fakes/ManualMainQueue.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
@@ -22,10 +23,14 @@ inline const QColor echoColor(0x90, 0x60, 0x20);
 /// parameter names.
 class ShieldingPanelsTest : public testing::TestWithParam<const char *> {
 protected:
-    QtMainQueue queue;
+    ShieldingPanelsTest() : ShieldingPanelsTest(realQueue) {}
+    explicit ShieldingPanelsTest(MainQueue &queueOfPanels) : panels(queueOfPanels) {}
+
+    QtMainQueue realQueue;
+    fakes::ManualMainQueue manualQueue{Instant{}};
     Desktop desktop{GetParam()};
-    QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue};
+    QtScreenLayout layout{realQueue};
+    QtShieldingPanels panels;
     std::vector<KeyPress> presses;
     bool consumes = true;
     Subscription monitor = panels.monitorKeyDown([this](const KeyPress &press) {
@@ -42,6 +47,10 @@ protected:
     std::unique_ptr<ShieldingPanel> interactive;
     std::unique_ptr<ShieldingPanel> echo;
     void showPanels();
+
+    /// Whether all windows of this program are below the other program's, or all above it.
+    [[nodiscard]] bool areBelow(xcb_window_t other);
+    [[nodiscard]] bool areAbove(xcb_window_t other);
 
     /// Whether every single pixel of the area has the colour.
     [[nodiscard]] bool shows(const QRect &area, const QColor &color);
