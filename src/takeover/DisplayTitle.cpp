@@ -10,7 +10,7 @@ namespace vantrel {
 namespace {
 
 /// In UTF-16 units: more than four lines of the narrowest letters at the smallest size.
-constexpr qsizetype longestTitle = 1000;
+constexpr qsizetype longestTitle = 500;
 
 /// More than any writing system stacks on one letter.
 constexpr int mostMarks = 6;

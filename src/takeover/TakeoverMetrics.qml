@@ -23,8 +23,7 @@ QtObject {
                                                     root.screenWidth - 2 * root.margin)
     readonly property real hero: Math.round(160 * root.enlargement * root.tightness)
 
-    // A title of one long word is to fit without being broken on a narrow screen.
-    readonly property real title: Math.min(root.text(7, 0.05, 0.06), root.columnWidth / 8)
+    readonly property real title: Math.max(root.text(7, 0.05, 0.06), 0.04 * root.screenHeight)
     readonly property real countdown: root.text(5, 0.037, 0.046)
     readonly property real copyLine: root.text(3, 0.024, 0.032)
     readonly property real button: root.text(3, 0.023, 0.03)

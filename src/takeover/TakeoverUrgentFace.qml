@@ -13,6 +13,7 @@ Column {
     width: root.metrics.columnWidth
 
     TakeoverHero {
+        objectName: "hero"
         anchors.horizontalCenter: parent.horizontalCenter
         size: root.metrics.hero
     }

@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QQmlComponent>
+#include <QQmlEngine>
 #include <QSGRendererInterface>
 
 namespace vantrel::gallery {
@@ -10,8 +12,20 @@ namespace vantrel::gallery {
 namespace {
 
 /// In milliseconds.
-constexpr int quietLength = 60;
-constexpr int longestWait = 5000;
+constexpr int lingerLength = 80;
+constexpr int longestWait = 10000;
+constexpr int turn = 5;
+
+/// The one engine of all stages, as the program keeps one for all panels. Ends with the
+/// application.
+QQmlEngine &engine() {
+    static QPointer<QQmlEngine> engine;
+    if (!engine) {
+        engine = new QQmlEngine(QCoreApplication::instance());
+        engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    }
+    return *engine;
+}
 
 /// Items lay themselves out ahead of a frame; here there may be none.
 void polish(QQuickItem &item) {
@@ -36,25 +50,24 @@ void Stage::prepare() {
 }
 
 Stage::Stage(const PanelContent &content, QSize size) {
-    QObject::connect(&m_engine, &QQmlEngine::warnings, [this](const QList<QQmlError> &warnings) {
-        for (const QQmlError &warning : warnings)
-            m_warnings += warning.toString();
-    });
-    QObject::connect(&m_window, &QQuickWindow::frameSwapped, [this] { ++m_frameCount; });
-    m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    QObject::connect(&engine(), &QQmlEngine::warnings, &m_watch,
+                     [this](const QList<QQmlError> &warnings) {
+                         for (const QQmlError &warning : warnings)
+                             m_warnings += warning.toString();
+                     });
+    QObject::connect(&m_window, &QQuickWindow::frameSwapped, &m_watch, [this] { ++m_frameCount; });
 
-    QQmlComponent component(&m_engine);
+    QQmlComponent component(&engine());
     const QString source = QStringLiteral("import %1\n%2 {}").arg(content.module, content.typeName);
     component.setData(source.toUtf8(), QUrl(QStringLiteral("qrc:/Stage.qml")));
-    if (component.isReady())
-        m_root.reset(
-            qobject_cast<QQuickItem *>(component.createWithInitialProperties(content.properties)));
+    m_root.reset(qobject_cast<QQuickItem *>(component.beginCreate(engine().rootContext())));
     if (!m_root)
         qFatal("%s", qUtf8Printable(component.errorString()));
-
+    component.setInitialProperties(m_root.get(), content.properties);
     m_window.resize(size);
     m_root->setParentItem(m_window.contentItem());
     m_root->setSize(size);
+    component.completeCreate();
     m_root->setFocus(true);
     polish(*m_root);
 }
@@ -71,27 +84,34 @@ QQuickItem *Stage::find(const QString &objectName) const {
 void Stage::show() {
     m_window.show();
     m_window.requestActivate();
-    settle();
+    waitFor([this] { return m_frameCount > 0 && m_window.isActive(); });
 }
 
-void Stage::settle() {
-    QElapsedTimer total;
-    QElapsedTimer quiet;
-    total.start();
-    quiet.start();
-    int seen = m_frameCount;
-    while (quiet.elapsed() < quietLength && total.elapsed() < longestWait) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        if (seen != m_frameCount) {
-            seen = m_frameCount;
-            quiet.restart();
-        }
+bool Stage::waitFor(const std::function<bool()> &isReached) {
+    QElapsedTimer waited;
+    waited.start();
+    while (!isReached()) {
+        if (waited.elapsed() > longestWait)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, turn);
     }
+    return true;
+}
+
+void Stage::linger() {
+    QElapsedTimer lingered;
+    lingered.start();
+    while (lingered.elapsed() < lingerLength)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, turn);
 }
 
 QImage Stage::picture() {
-    show();
-    return m_window.grabWindow();
+    if (!m_window.isVisible())
+        show();
+    QImage picture = m_window.grabWindow();
+    // Not set by the software renderer.
+    picture.setDevicePixelRatio(m_window.effectiveDevicePixelRatio());
+    return picture;
 }
 
 } // namespace vantrel::gallery

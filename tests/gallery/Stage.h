@@ -4,12 +4,14 @@
 
 #include <QImage>
 #include <QList>
-#include <QQmlEngine>
+#include <QObject>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace vantrel::gallery {
@@ -31,26 +33,31 @@ public:
     /// The item of that object name, wherever it is; null when there is none.
     [[nodiscard]] QQuickItem *find(const QString &objectName) const;
 
-    /// Shows the window, with the keyboard in it, and waits for it to settle.
+    /// Shows the window, with the keyboard in it, and waits for its first frame.
     void show();
 
-    /// Waits until no frame has come for longer than one frame of an animation takes.
-    void settle();
+    /// Runs the event loop until `isReached`, and answers whether it was within some seconds.
+    bool waitFor(const std::function<bool()> &isReached);
 
+    /// Runs the event loop for a moment in which some frames of an animation would come.
+    void linger();
+
+    /// What the window shows, or would if it were drawn now. Shows it if need be.
     [[nodiscard]] QImage picture();
 
     /// How many frames the window has drawn so far.
     [[nodiscard]] int frameCount() const { return m_frameCount; }
 
-    /// What the engine warned of so far.
+    /// What the engine warned of since this stage was made.
     [[nodiscard]] const QStringList &warnings() const { return m_warnings; }
 
 private:
-    QQmlEngine m_engine;
     QQuickWindow m_window;
     std::unique_ptr<QQuickItem> m_root;
     int m_frameCount = 0;
     QStringList m_warnings;
+    /// Ends what is connected to it before the members above go.
+    QObject m_watch;
 };
 
 /// `item` and all items within it, each before its children.

@@ -21,9 +21,9 @@ class CountdownFormatterTest : public testing::TestWithParam<Row> {};
 TEST_P(CountdownFormatterTest, Reads) {
     // A whole number of seconds, so that nothing is lost when the fraction is added.
     const Instant from = referenceDate + Seconds{790'000'000.0};
-    EXPECT_EQ(CountdownFormatter::minutesAndSecondsString(from + Seconds{GetParam().secondsLeft},
-                                                          from),
-              QString::fromUtf16(GetParam().text));
+    EXPECT_EQ(
+        CountdownFormatter::minutesAndSecondsString(from + Seconds{GetParam().secondsLeft}, from),
+        QString::fromUtf16(GetParam().text));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -57,23 +57,23 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"SecondControls", QStringLiteral("a\u0085b\u009Bc"), QStringLiteral("a b c")},
         Row{"SpaceAround", QStringLiteral("  a \n"), QStringLiteral("a")},
         Row{"OnlyControls", QStringLiteral("\n\t \u202E"), QString()},
-        Row{"LoneSurrogates", QStringLiteral("a") + QChar(0xD83D) + QChar(0xDC15).toUpper() +
-                                  QStringLiteral("b") + QChar(0xDE00),
-            QStringLiteral("a🐕b\uFFFD")},
-        Row{"HeapOfAccents", QStringLiteral("z") + QString(500, QChar(0x0301)) +
-                                 QStringLiteral("algo"),
+        Row{"LoneSurrogates",
+            QStringLiteral("a") + QChar(0xD83D) + QStringLiteral("b") + QChar(0xDE00),
+            QStringLiteral("a\uFFFDb\uFFFD")},
+        Row{"HeapOfAccents",
+            QStringLiteral("z") + QString(500, QChar(0x0301)) + QStringLiteral("algo"),
             QStringLiteral("z") + QString(6, QChar(0x0301)) + QStringLiteral("algo")}),
     [](const auto &row) { return std::string(row.param.circumstance); });
 
 TEST(DisplayTitleTest, EndsFarTooLongOnesInAnEllipsis) {
     const QString shown = displayTitle(QString(1'000'000, QLatin1Char('x')));
-    EXPECT_EQ(shown, QString(1000, QLatin1Char('x')) + QChar(0x2026));
-    EXPECT_EQ(displayTitle(QString(1000, QLatin1Char('x'))), QString(1000, QLatin1Char('x')));
+    EXPECT_EQ(shown, QString(500, QLatin1Char('x')) + QChar(0x2026));
+    EXPECT_EQ(displayTitle(QString(500, QLatin1Char('x'))), QString(500, QLatin1Char('x')));
 }
 
 TEST(DisplayTitleTest, CutsBetweenCharactersNotWithinOne) {
-    const QString shown = displayTitle(QString(998, QLatin1Char('x')) + familyOfFour);
-    EXPECT_EQ(shown, QString(998, QLatin1Char('x')) + QChar(0x2026));
+    const QString shown = displayTitle(QString(498, QLatin1Char('x')) + familyOfFour);
+    EXPECT_EQ(shown, QString(498, QLatin1Char('x')) + QChar(0x2026));
 }
 
 } // namespace vantrel

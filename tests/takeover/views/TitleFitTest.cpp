@@ -54,7 +54,7 @@ TEST(TitleFitTest, ShrinksWhatTakesMoreThanTwoLines) {
 
 TEST(TitleFitTest, ShrinksFurtherTheLongerTheTextIs) {
     int before = fullSize;
-    for (const int count : {16, 24, 32}) {
+    for (const int count : {14, 22, 34}) {
         const int size = fit(words(count)).pixelSize;
         EXPECT_LT(size, before);
         before = size;
