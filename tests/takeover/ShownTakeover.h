@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 namespace vantrel {
@@ -24,6 +25,14 @@ interactivePanel(const fakes::RecordingPanels &panels) {
 /// The view model behind the panel, which must not have gone.
 inline TakeoverViewModel *viewModelOf(const fakes::RecordingPanels::Record &panel) {
     return panel.content.properties.value(QStringLiteral("viewModel")).value<TakeoverViewModel *>();
+}
+
+/// The view model of the takeover that is up; a test that finds none fails.
+inline TakeoverViewModel *shownViewModel(const fakes::RecordingPanels &panels) {
+    const auto panel = interactivePanel(panels);
+    if (!panel)
+        throw std::logic_error("no takeover is up");
+    return viewModelOf(*panel);
 }
 
 /// The titles of the interactive panels that are in front.

@@ -202,8 +202,7 @@ TEST_F(TakeoverContentTest, SaysLateForAMeetingThatFiresAtItsVeryStart) {
     addAtNine();
     scheduler->refresh();
     runTo("2026-03-03T09:00:00");
-    EXPECT_EQ(viewModelOf(*interactivePanel(panels))->copyLine(),
-              QStringLiteral("Already rolling — hop in."));
+    EXPECT_EQ(shownViewModel(panels)->copyLine(), QStringLiteral("Already rolling — hop in."));
 }
 
 TEST_F(TakeoverContentTest, LooksAtSelectedCalendarsOnlyForTheRestOfTheDay) {
@@ -229,7 +228,7 @@ TEST_F(TakeoverContentTest, JudgesAnOccurrenceByItsOwnStart) {
     runTo("2026-03-03T08:29:00");
     dismiss();
     runTo("2026-03-03T08:59:00");
-    TakeoverViewModel *takeover = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *takeover = shownViewModel(panels);
     EXPECT_EQ(takeover->countdownText(), QStringLiteral("starts in 1:00"));
     EXPECT_EQ(takeover->copyLine(), QStringLiteral("Just the one today. Don't let it slip."));
 }
@@ -246,7 +245,7 @@ TEST_F(TakeoverContentTest, TellsThatASnoozedMeetingHasBegun) {
     ASSERT_TRUE(takeoverAtNine());
     pressSnooze();
     runTo("2026-03-03T09:00:00");
-    TakeoverViewModel *takeover = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *takeover = shownViewModel(panels);
     EXPECT_EQ(takeover->copyLine(), QStringLiteral("Already rolling — hop in."));
     EXPECT_EQ(takeover->countdownText(), QStringLiteral("rolling now"));
 }
@@ -270,8 +269,7 @@ TEST_P(DayOfAnotherLengthTest, ReachesFromMidnightToMidnight) {
     scheduler->refresh();
     queue.advanceTo(meeting - Seconds{60});
     ASSERT_TRUE(interactivePanel(panels));
-    EXPECT_EQ(viewModelOf(*interactivePanel(panels))->copyLine(),
-              QString::fromUtf8(GetParam().line));
+    EXPECT_EQ(shownViewModel(panels)->copyLine(), QString::fromUtf8(GetParam().line));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -68,11 +68,11 @@ TEST_F(TakeoverScreenChangeTest, MovesTheViewToTheMainMonitorWhenThePointerIsLos
 TEST_F(TakeoverScreenChangeTest, KeepsTheViewModelAndThePhaseWhenTheViewMoves) {
     connectThreeScreens();
     show();
-    TakeoverViewModel *before = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *before = shownViewModel(panels);
     press(Key::space);
     queue.advance(Seconds{1});
     connect({screen("left", 0), screen("right", 3840)});
-    EXPECT_EQ(viewModelOf(*interactivePanel(panels)), before);
+    EXPECT_EQ(shownViewModel(panels), before);
     EXPECT_TRUE(before->isJoined());
     press(Key::space);
     EXPECT_EQ(answers, std::vector<std::string>{"join"});
@@ -152,14 +152,14 @@ TEST_F(TakeoverScreenChangeTest, WaitsForTheNextMonitorWhenAllAreGone) {
     connectThreeScreens();
     show();
     queue.advance(fadeIn);
-    TakeoverViewModel *before = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *before = shownViewModel(panels);
     connect({});
     EXPECT_FALSE(isShown());
     queue.advance(Seconds{5});
     connect({screen("left", 0), screen("middle", 1920)});
     EXPECT_EQ(interactive(), Ids{middle});
     EXPECT_EQ(echoes(), Ids{left});
-    EXPECT_EQ(viewModelOf(*interactivePanel(panels)), before);
+    EXPECT_EQ(shownViewModel(panels), before);
     EXPECT_EQ(interactivePanel(panels)->opacity, 1.0);
     EXPECT_EQ(answers, nothing);
     press(Key::space);

@@ -111,6 +111,12 @@ TEST_F(TakeoverTriggerSchedulerTest, LeavesOutADayAheadUntilTheHourlyTickReaches
     EXPECT_EQ(titles(), Titles{QStringLiteral("Tomorrow")});
 }
 
+TEST_F(TakeoverTriggerSchedulerTest, ReachesUpToADayAhead) {
+    add("Tomorrow", queue.now() + Seconds{86400.0 - 0.001});
+    startScheduler();
+    EXPECT_EQ(armed(), 1U);
+}
+
 TEST_F(TakeoverTriggerSchedulerTest, FindsAtTheHourlyTickWhatNobodyAnnounced) {
     startScheduler();
     add("Planning", local("2026-03-02T11:00:00"));
@@ -617,6 +623,21 @@ TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeWhenThePlanIsMadeAnewAfterTheSt
     scheduler->refresh();
     queue.runDue();
     EXPECT_EQ(armed(), 0U);
+}
+
+TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeThatEndsWhileAnotherTakeoverIsUp) {
+    preferences.setSnoozeDurationMinutes(5);
+    preferences.setAutoCloseSeconds(0);
+    add("Planning", local("2026-03-02T08:20:00"));
+    add("Retro", local("2026-03-02T08:24:30"));
+    startScheduler();
+    runTo("2026-03-02T08:19:00");
+    pressSnooze();
+    runTo("2026-03-02T08:25:00");
+    EXPECT_EQ(titles(), Titles{QStringLiteral("Retro")});
+    dismiss();
+    queue.advance(Seconds{1200});
+    EXPECT_EQ(titles(), Titles{});
 }
 
 TEST_F(TakeoverTriggerSchedulerTest, EndsASnoozeWithAPause) {

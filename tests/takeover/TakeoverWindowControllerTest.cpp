@@ -133,10 +133,10 @@ TEST_F(TakeoverWindowControllerTest, StartsTheNextTakeoverUrgentAfterOneThatWasJ
     connectOneScreen();
     show();
     press(Key::space);
-    EXPECT_TRUE(viewModelOf(*interactivePanel(panels))->isJoined());
+    EXPECT_TRUE(shownViewModel(panels)->isJoined());
     controller->hide();
     show();
-    EXPECT_FALSE(viewModelOf(*interactivePanel(panels))->isJoined());
+    EXPECT_FALSE(shownViewModel(panels)->isJoined());
     press(Key::space);
     EXPECT_EQ(answers, (std::vector<std::string>{"join", "join"}));
 }
@@ -188,13 +188,13 @@ TEST_F(TakeoverWindowControllerTest, HearsNoKeysBeforeAndAfterATakeover) {
 TEST_F(TakeoverWindowControllerTest, HearsTheButtonsLikeTheKeys) {
     connectOneScreen();
     show();
-    viewModelOf(*interactivePanel(panels))->snooze();
+    shownViewModel(panels)->snooze();
     queue.advance(fadeOut);
     show();
-    viewModelOf(*interactivePanel(panels))->dismiss();
+    shownViewModel(panels)->dismiss();
     queue.advance(fadeOut);
     show();
-    viewModelOf(*interactivePanel(panels))->join();
+    shownViewModel(panels)->join();
     queue.advance(Seconds{2});
     EXPECT_EQ(answers, (std::vector<std::string>{"snooze", "dismiss", "join"}));
     EXPECT_FALSE(isShown());
@@ -205,7 +205,7 @@ TEST_F(TakeoverWindowControllerTest, JoinsOnceWhenJoinIsPressedTwice) {
     show();
     press(Key::space);
     EXPECT_TRUE(press(Key::enter));
-    viewModelOf(*interactivePanel(panels))->join();
+    shownViewModel(panels)->join();
     EXPECT_EQ(answers, std::vector<std::string>{"join"});
 }
 
@@ -214,7 +214,7 @@ TEST_F(TakeoverWindowControllerTest, DisappearsOneAndAHalfSecondsAfterAJoin) {
     show();
     queue.advance(Seconds{20});
     press(Key::space);
-    EXPECT_TRUE(viewModelOf(*interactivePanel(panels))->isJoined());
+    EXPECT_TRUE(shownViewModel(panels)->isJoined());
     queue.advance(Seconds{1.499});
     EXPECT_EQ(panels.shown().front()->opacity, 1.0);
     EXPECT_TRUE(panels.isMonitored());
@@ -251,7 +251,7 @@ TEST_F(TakeoverWindowControllerTest, CountsADoubleClickOnDismissOnce) {
     connectOneScreen();
     show();
     queue.advance(fadeIn);
-    TakeoverViewModel *viewModel = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *viewModel = shownViewModel(panels);
     viewModel->dismiss();
     queue.advance(fadeOut / 2);
     viewModel->dismiss();
@@ -263,7 +263,7 @@ TEST_F(TakeoverWindowControllerTest, KeepsClicksOnAFadingTakeoverFromTheOneBehin
     connectOneScreen();
     show();
     queue.advance(fadeIn);
-    TakeoverViewModel *fading = viewModelOf(*interactivePanel(panels));
+    TakeoverViewModel *fading = shownViewModel(panels);
     press(Key::escape);
     show();
     fading->dismiss();
@@ -364,7 +364,7 @@ TEST_F(TakeoverWindowControllerTest, ArmsNoHideWhenTheJoinItselfEndedTheTakeover
         write("snooze"), write("dismiss"));
     press(Key::space);
     show();
-    EXPECT_FALSE(viewModelOf(*interactivePanel(panels))->isJoined());
+    EXPECT_FALSE(shownViewModel(panels)->isJoined());
     queue.advance(Seconds{10});
     EXPECT_EQ(interactive().size(), 1U);
 }
