@@ -67,13 +67,13 @@ LinkDetector::detectIn(const std::optional<Url> &url,
         detection.video = videoLink(*url);
     for (const auto *text : texts) {
         if (*text)
-            scanText(**text, territory, detection.video, detection.phone);
+            scanText(**text, detection.video, detection.phone, territory);
     }
     return detection;
 }
 
-void LinkDetector::scanText(const QString &text, QLocale::Territory territory,
-                            std::optional<MeetingLink> &video, std::optional<MeetingLink> &phone) {
+void LinkDetector::scanText(const QString &text, std::optional<MeetingLink> &video,
+                            std::optional<MeetingLink> &phone, QLocale::Territory territory) {
     TextScanner scanner(text, territory);
     while (true) {
         if (video)

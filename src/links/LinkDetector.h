@@ -39,8 +39,8 @@ private:
     static Detection detectIn(const std::optional<Url> &url,
                               std::initializer_list<const std::optional<QString> *> texts,
                               QLocale::Territory territory);
-    static void scanText(const QString &text, QLocale::Territory territory,
-                         std::optional<MeetingLink> &video, std::optional<MeetingLink> &phone);
+    static void scanText(const QString &text, std::optional<MeetingLink> &video,
+                         std::optional<MeetingLink> &phone, QLocale::Territory territory);
 };
 
 } // namespace vantrel

@@ -78,14 +78,14 @@ constexpr std::array currencies{
     Words(u"원"),
 };
 
+/// A word is of one kind of letters, and all that is not Latin here lies beyond ASCII.
 bool matches(QStringView word, Words pattern) {
     const QStringView wanted(pattern.data(), static_cast<qsizetype>(pattern.size()));
-    const bool isLatin = characters::lettersOf(pattern.front()) != characters::Letters::other;
-    if (isLatin && word.front() != wanted.front())
+    if (!characters::isAscii(pattern.front()))
+        return !characters::isAscii(word.front().unicode()) && word.endsWith(wanted);
+    if (word.front() != wanted.front())
         return false;
-    if (wanted.endsWith(u'*'))
-        return word.startsWith(wanted.chopped(1));
-    return isLatin ? word == wanted : word.endsWith(wanted);
+    return wanted.endsWith(u'*') ? word.startsWith(wanted.chopped(1)) : word == wanted;
 }
 
 template <std::size_t count>

@@ -91,7 +91,7 @@ TEST_F(JoinOpenerTest, RunsTheShortcutAfterTheLinkIsHandedOver) {
 }
 
 TEST_F(JoinOpenerTest, RunsNoShortcutForABlankName) {
-    for (const QString &name : {u""_qs, u" "_qs, u"   \t "_qs}) {
+    for (const QString &name : {u""_qs, u" "_qs, u"   \t "_qs, u"\u00a0\u2003"_qs}) {
         workspace.opened.clear();
         JoinOpener::open(workspace, zoom, JoinTarget::appWhenInstalled, name);
         EXPECT_EQ(workspace.opened.size(), 1U);

@@ -38,78 +38,84 @@ std::vector<std::string> regions() {
     return {all.begin(), all.end()};
 }
 
-class NumberingPlanOf : public testing::TestWithParam<std::string> {
-protected:
-    const PhoneNumberUtil &m_util = *PhoneNumberUtil::GetInstance();
-    const std::string m_region = GetParam();
-
-    [[nodiscard]] std::vector<PhoneNumber> examples() const {
-        std::vector<PhoneNumber> numbers;
-        for (const auto type :
-             {PhoneNumberUtil::FIXED_LINE, PhoneNumberUtil::MOBILE, PhoneNumberUtil::TOLL_FREE,
-              PhoneNumberUtil::SHARED_COST, PhoneNumberUtil::VOIP, PhoneNumberUtil::UAN}) {
-            PhoneNumber number;
-            if (m_util.GetExampleNumberForType(m_region, type, &number))
-                numbers.push_back(number);
-        }
-        return numbers;
-    }
-
-    [[nodiscard]] std::string formatted(const PhoneNumber &number,
-                                        PhoneNumberUtil::PhoneNumberFormat format) const {
-        std::string text;
-        m_util.Format(number, format, &text);
-        return digitsOf(text);
-    }
-};
-
-TEST_P(NumberingPlanOf, HoldsTheExamplesOfEveryKind) {
-    const auto territory = QLocale::codeToTerritory(QString::fromStdString(m_region));
-    for (const PhoneNumber &number : examples()) {
-        const std::string international = formatted(number, PhoneNumberUtil::E164);
-        EXPECT_TRUE(accepts(DialledDigits::afterPlus(), international)) << international;
-        // Qt knows no territory of that code, or the number is written with an inserted "15".
-        const bool isArgentineMobile = m_region == "AR" && international.starts_with("549");
-        if (territory == QLocale::AnyTerritory || isArgentineMobile)
-            continue;
-        const std::string national = formatted(number, PhoneNumberUtil::NATIONAL);
-        EXPECT_TRUE(accepts(NumberingPlan(territory).dialled(), national)) << national;
-    }
+const PhoneNumberUtil &util() {
+    return *PhoneNumberUtil::GetInstance();
 }
 
-TEST_P(NumberingPlanOf, AgreesOnChangedExamples) {
-    constexpr unsigned seed = 20240513;
-    std::mt19937 random(seed);
-    int differences = 0;
-    for (const PhoneNumber &number : examples()) {
-        const std::string example = formatted(number, PhoneNumberUtil::E164);
-        for (int round = 0; round < 200; ++round) {
-            std::string digits = example;
-            for (int change = 0; change < 1 + round % 4; ++change)
-                digits[random() % digits.size()] = static_cast<char>('0' + random() % 10);
-            if (round % 10 == 0)
-                digits += static_cast<char>('0' + random() % 10);
-            if (round % 10 == 1)
-                digits.pop_back();
-            PhoneNumber parsed;
-            const bool isValid =
-                m_util.Parse("+" + digits, "ZZ", &parsed) == PhoneNumberUtil::NO_PARSING_ERROR &&
-                m_util.IsValidNumber(parsed);
-            // Parsing strips trunk prefixes that stand behind a calling code by mistake.
-            if (isValid && formatted(parsed, PhoneNumberUtil::E164) != digits)
+std::vector<PhoneNumber> examplesOf(const std::string &region) {
+    std::vector<PhoneNumber> numbers;
+    for (const auto type :
+         {PhoneNumberUtil::FIXED_LINE, PhoneNumberUtil::MOBILE, PhoneNumberUtil::TOLL_FREE,
+          PhoneNumberUtil::SHARED_COST, PhoneNumberUtil::VOIP, PhoneNumberUtil::UAN}) {
+        PhoneNumber number;
+        if (util().GetExampleNumberForType(region, type, &number))
+            numbers.push_back(number);
+    }
+    return numbers;
+}
+
+std::string formatted(const PhoneNumber &number, PhoneNumberUtil::PhoneNumberFormat format) {
+    std::string text;
+    util().Format(number, format, &text);
+    return digitsOf(text);
+}
+
+TEST(NumberingPlan, HoldsTheExamplesOfEveryRegionAndKind) {
+    int checked = 0;
+    for (const std::string &region : regions()) {
+        SCOPED_TRACE(region);
+        const auto territory = QLocale::codeToTerritory(QString::fromStdString(region));
+        for (const PhoneNumber &number : examplesOf(region)) {
+            const std::string international = formatted(number, PhoneNumberUtil::E164);
+            EXPECT_TRUE(accepts(DialledDigits::afterPlus(), international)) << international;
+            // Qt knows no territory of that code, or the number is written with an inserted "15".
+            const bool isArgentineMobile = region == "AR" && international.starts_with("549");
+            if (territory == QLocale::AnyTerritory || isArgentineMobile)
                 continue;
-            if (accepts(DialledDigits::afterPlus(), digits) != isValid) {
-                ++differences;
-                ADD_FAILURE() << "+" << digits << (isValid ? " is" : " is not") << " valid, seed "
-                              << seed;
+            const std::string national = formatted(number, PhoneNumberUtil::NATIONAL);
+            EXPECT_TRUE(accepts(NumberingPlan(territory).dialled(), national)) << national;
+            ++checked;
+        }
+    }
+    EXPECT_GT(checked, 700);
+}
+
+/// An example with some digits changed, and now and then one more or one less.
+std::string changed(std::string digits, int round, std::mt19937 &random) {
+    for (int change = 0; change < 1 + round % 4; ++change)
+        digits[random() % digits.size()] = static_cast<char>('0' + random() % 10);
+    if (round % 10 == 0)
+        digits += static_cast<char>('0' + random() % 10);
+    if (round % 10 == 1)
+        digits.pop_back();
+    return digits;
+}
+
+TEST(NumberingPlan, AgreesOnChangedExamplesOfEveryRegion) {
+    constexpr unsigned seed = 20240513;
+    constexpr int rounds = 100;
+    std::mt19937 random(seed);
+    int valid = 0;
+    for (const std::string &region : regions()) {
+        for (const PhoneNumber &number : examplesOf(region)) {
+            const std::string example = formatted(number, PhoneNumberUtil::E164);
+            for (int round = 0; round < rounds; ++round) {
+                const std::string digits = changed(example, round, random);
+                PhoneNumber parsed;
+                const bool isValid = util().Parse("+" + digits, "ZZ", &parsed) ==
+                                         PhoneNumberUtil::NO_PARSING_ERROR &&
+                                     util().IsValidNumber(parsed);
+                // Parsing strips trunk prefixes that stand behind a calling code by mistake.
+                if (isValid && formatted(parsed, PhoneNumberUtil::E164) != digits)
+                    continue;
+                valid += isValid ? 1 : 0;
+                EXPECT_EQ(accepts(DialledDigits::afterPlus(), digits), isValid)
+                    << region << " +" << digits << ", seed " << seed;
             }
         }
     }
-    EXPECT_EQ(differences, 0);
+    EXPECT_GT(valid, 10'000);
 }
-
-INSTANTIATE_TEST_SUITE_P(World, NumberingPlanOf, testing::ValuesIn(regions()),
-                         [](const auto &row) { return row.param; });
 
 TEST(NumberingPlan, OfATerritoryWithoutOneIsAmerican) {
     for (const auto territory : {QLocale::AnyTerritory, QLocale::Antarctica, QLocale::World}) {
