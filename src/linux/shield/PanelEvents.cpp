@@ -24,6 +24,10 @@ bool PanelEvents::eventFilter(QObject *watched, QEvent *event) {
 }
 
 bool PanelEvents::isSwallowed(QEvent &event) {
+    if (event.type() == QEvent::Close) { // Only the panel's owner takes it off the screen.
+        event.ignore();
+        return true;
+    }
     if (m_role == PanelRole::echo)
         return event.isInputEvent();
     switch (event.type()) {
@@ -33,10 +37,6 @@ bool PanelEvents::isSwallowed(QEvent &event) {
     }
     case QEvent::KeyRelease:
         return !m_presses.release(static_cast<QKeyEvent &>(event));
-    case QEvent::Close:
-        // Only the panel's owner takes it off the screen.
-        event.ignore();
-        return true;
     default:
         return false;
     }

@@ -45,6 +45,14 @@ void joinMonitors() {
     run({"xrandr", "--delmonitor", "R"});
 }
 
+void setSmallMode(bool isSmall) {
+    // Refused, and rightly so, when it is there already.
+    run({"xrandr", "--newmode", "small", "40", "1280", "1300", "1400", "1500", "500", "510", "520",
+         "530"});
+    run({"xrandr", "--addmode", "screen", "small"});
+    run({"xrandr", "--output", "screen", "--mode", isSmall ? "small" : "1600x600"});
+}
+
 bool waitUntil(const std::function<bool()> &condition, Seconds longest) {
     QtMainQueue queue;
     const MonotonicInstant end = queue.uptime() + longest;

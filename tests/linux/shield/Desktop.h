@@ -30,6 +30,9 @@ void disconnectRightMonitor();
 /// Makes one monitor of the whole screen.
 void joinMonitors();
 
+/// Makes the whole screen 1280 by 500 pixels large, or what it was.
+void setSmallMode(bool isSmall);
+
 /// Runs the event loop until the condition holds; answers whether it came to
 /// that within the time.
 bool waitUntil(const std::function<bool()> &condition, Seconds longest = Seconds{10});

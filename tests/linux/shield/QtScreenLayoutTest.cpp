@@ -74,14 +74,11 @@ TEST_F(QtScreenLayoutTest, AnnouncesAMonitorThatChangesItsSize) {
     const QString id = layout.screens()[0].id;
 
     changes = 0;
-    run({"xrandr", "--newmode", "small", "40", "1280", "1300", "1400", "1500", "500", "510", "520",
-         "530"});
-    run({"xrandr", "--addmode", "screen", "small"});
-    run({"xrandr", "--output", "screen", "--mode", "small"});
+    setSmallMode(true);
     const std::vector<QRect> smaller{QRect(0, 0, 1280, 500)};
     EXPECT_TRUE(waitUntil([&] { return changes > 0 && frames() == smaller; }));
     EXPECT_EQ(layout.screens()[0].id, id);
-    run({"xrandr", "--output", "screen", "--mode", "1600x600"});
+    setSmallMode(false);
 }
 
 TEST_F(QtScreenLayoutTest, AnnouncesWhatIsTrueByThen) {

@@ -155,7 +155,7 @@ TEST_P(ShieldKeyboardTest, FreesTheKeyboardForOthersWhenThePanelIsDestroyed) {
 TEST_P(ShieldKeyboardTest, HandsTheKeyboardOnToThePanelThatReplacesIt) {
     const xcb_window_t other = showFocusedWindow();
     showPanels();
-    echo = makePanel(rightMonitor, PanelRole::interactive);
+    echo = makePanel(1, PanelRole::interactive);
     echo->orderFront();
     interactive.reset();
     EXPECT_FALSE(program().grabKeyboard());

@@ -9,22 +9,17 @@
 namespace vantrel::tests {
 
 std::unique_ptr<ShieldingPanel>
-ShieldingPanelsTest::makePanel(const QRect &monitorFrame, PanelRole role, const QString &type) {
-    for (const Screen &screen : layout.screens()) {
-        if (screen.frame != monitorFrame)
-            continue;
-        PanelContent content{u"Shield.Tests"_qs, type, {{u"title"_qs, u"Standup"_qs}}};
-        if (type == u"Plain")
-            content.properties.insert(u"color"_qs, role == PanelRole::interactive ? interactiveColor
-                                                                                  : echoColor);
-        return panels.makePanel(screen, role, content);
-    }
-    return nullptr;
+ShieldingPanelsTest::makePanel(std::size_t monitorNumber, PanelRole role, const QString &type) {
+    PanelContent content{u"Shield.Tests"_qs, type, {{u"title"_qs, u"Standup"_qs}}};
+    if (type == u"Plain")
+        content.properties.insert(u"color"_qs,
+                                  role == PanelRole::interactive ? interactiveColor : echoColor);
+    return panels.makePanel(layout.screens().at(monitorNumber), role, content);
 }
 
 void ShieldingPanelsTest::showPanels() {
-    interactive = makePanel(leftMonitor, PanelRole::interactive);
-    echo = makePanel(rightMonitor, PanelRole::echo);
+    interactive = makePanel(0, PanelRole::interactive);
+    echo = makePanel(1, PanelRole::echo);
     ASSERT_TRUE(interactive && echo);
     interactive->orderFront();
     echo->orderFront();
@@ -71,10 +66,121 @@ TEST_P(ShieldingPanelsTest, CoverEveryPixelOfBothMonitors) {
 }
 
 TEST_P(ShieldingPanelsTest, LeaveTheOtherMonitorAlone) {
-    interactive = makePanel(leftMonitor, PanelRole::interactive);
+    interactive = makePanel(0, PanelRole::interactive);
     interactive->orderFront();
     EXPECT_TRUE(waitUntil([this] { return shows(leftMonitor, interactiveColor); }));
     EXPECT_TRUE(shows(rightMonitor, Qt::black));
+}
+
+TEST_P(ShieldingPanelsTest, AreNotSeenBeforeTheyAreOrderedFrontNorAfterTheyAreOrderedOut) {
+    interactive = makePanel(0, PanelRole::interactive);
+    interactive->setOpacity(0.5);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(shows(wholeScreen, Qt::black));
+    interactive->orderFront();
+    EXPECT_TRUE(waitUntil([this] { return shows(leftMonitor, interactiveColor); }));
+    interactive->orderOut();
+    EXPECT_TRUE(waitUntil([this] { return shows(wholeScreen, Qt::black); }));
+    interactive->orderOut();
+    interactive->orderFront();
+    EXPECT_TRUE(waitUntil([this] { return shows(leftMonitor, interactiveColor); }));
+    EXPECT_TRUE(hearsAnotherKey());
+}
+
+TEST_P(ShieldingPanelsTest, LeaveTheScreenWhenTheyAreDestroyed) {
+    showPanels();
+    EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
+    interactive.reset();
+    echo.reset();
+    EXPECT_TRUE(waitUntil([this] { return shows(wholeScreen, Qt::black); }));
+    EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
+}
+
+TEST_P(ShieldingPanelsTest, DoNothingAtAClickOnAnEchoPanel) {
+    const xcb_window_t other = desktop.show(Kind::ordinary, QRect(100, 100, 300, 200), Qt::red);
+    program().focus(other);
+    echo = makePanel(1, PanelRole::echo, u"Clickable"_qs);
+    echo->orderFront();
+    const QColor untouched(0x80, 0, 0);
+    EXPECT_TRUE(waitUntil([&] { return shows(rightMonitor, untouched); }));
+    program().click(rightMonitor.center());
+
+    interactive = makePanel(0, PanelRole::interactive);
+    interactive->orderFront();
+    EXPECT_TRUE(hearsAnotherKey()); // By now the click has come in as well.
+    EXPECT_TRUE(shows(rightMonitor, untouched));
+    interactive.reset();
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == other; }));
+}
+
+TEST_P(ShieldingPanelsTest, HandAClickToTheContentOfAnInteractivePanel) {
+    interactive = makePanel(0, PanelRole::interactive, u"Clickable"_qs);
+    interactive->orderFront();
+    EXPECT_TRUE(waitUntil([&] { return shows(leftMonitor, QColor(0x80, 0, 0)); }));
+    program().click(leftMonitor.center());
+    EXPECT_TRUE(waitUntil([&] { return shows(leftMonitor, QColor(0, 0x80, 0)); }));
+}
+
+TEST_P(ShieldingPanelsTest, HandOnAKeyThatNobodyConsumed) {
+    interactive = makePanel(0, PanelRole::interactive, u"Clickable"_qs);
+    interactive->orderFront();
+    EXPECT_TRUE(hearsAnotherKey());
+    EXPECT_TRUE(waitUntil([&] { return shows(leftMonitor, QColor(0x80, 0, 0)); }));
+    consumes = false;
+    EXPECT_TRUE(hearsAnotherKey());
+    EXPECT_TRUE(waitUntil([&] { return shows(leftMonitor, QColor(0, 0, 0x80)); }));
+}
+
+TEST_P(ShieldingPanelsTest, GoWithAMonitorThatChangesItsSize) {
+    disconnectRightMonitor();
+    joinMonitors();
+    ASSERT_TRUE(waitUntil([this] { return layout.screens()[0].frame == wholeScreen; }));
+    interactive = makePanel(0, PanelRole::interactive);
+    interactive->orderFront();
+    EXPECT_TRUE(waitUntil([this] { return shows(wholeScreen, interactiveColor); }));
+    const QRect smaller(0, 0, 1280, 500);
+    setSmallMode(true);
+    EXPECT_TRUE(waitUntil([&] {
+        return QGuiApplication::topLevelWindows()[0]->geometry() == smaller &&
+               shows(smaller, interactiveColor);
+    }));
+    setSmallMode(false);
+    EXPECT_TRUE(waitUntil([this] { return shows(wholeScreen, interactiveColor); }));
+    interactive.reset();
+    connectBothMonitors();
+    EXPECT_TRUE(waitUntil([this] { return layout.screens().size() == 2; }));
+}
+
+TEST_P(ShieldingPanelsTest, SurviveTheLossOfTheirMonitor) {
+    showPanels();
+    EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
+    disconnectRightMonitor();
+    EXPECT_TRUE(waitUntil([this] { return layout.screens().size() == 1; }));
+    EXPECT_TRUE(shows(leftMonitor, interactiveColor)) << "a stray panel lies over the other one";
+    echo->setOpacity(0.3);
+    echo->orderOut();
+    echo.reset();
+    EXPECT_TRUE(hearsAnotherKey());
+    connectBothMonitors();
+    EXPECT_TRUE(waitUntil([this] { return layout.screens().size() == 2; }));
+}
+
+TEST_P(ShieldingPanelsTest, CloseForNobodyButTheirOwner) {
+    showPanels();
+    for (QWindow *window : QGuiApplication::topLevelWindows())
+        window->close();
+    EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
+    EXPECT_TRUE(hearsAnotherKey());
+}
+
+TEST_P(ShieldingPanelsTest, ComeAndGoManyTimes) {
+    for (int round = 0; round < 20; ++round) {
+        showPanels();
+        EXPECT_TRUE(hearsAnotherKey());
+        interactive.reset();
+        echo.reset();
+    }
+    EXPECT_TRUE(QGuiApplication::topLevelWindows().isEmpty());
 }
 
 } // namespace

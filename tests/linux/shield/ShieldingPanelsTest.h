@@ -40,8 +40,9 @@ protected:
 
     OtherProgram &program() { return desktop.program(); }
 
+    /// The left monitor is number zero.
     [[nodiscard]] std::unique_ptr<ShieldingPanel>
-    makePanel(const QRect &monitorFrame, PanelRole role, const QString &type = u"Plain"_qs);
+    makePanel(std::size_t monitorNumber, PanelRole role, const QString &type = u"Plain"_qs);
 
     /// Panels over both monitors, in front; the left one is interactive.
     std::unique_ptr<ShieldingPanel> interactive;
