@@ -25,6 +25,8 @@ Item {
         Repeater {
             model: root.parts.length
 
+            // The outer id is seen from here in any case; to say so to qmllint takes Qt 6.5.
+            // qmllint disable unqualified
             RollingText {
                 required property int index
 
@@ -35,6 +37,7 @@ Item {
                 width: /^\d$/.test(text) ? root.figureWidth
                                           : Math.ceil(Typography.advance(root.font, text))
             }
+            // qmllint enable unqualified
         }
     }
 }

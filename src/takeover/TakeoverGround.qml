@@ -14,7 +14,9 @@ Rectangle {
         anchors.fill: parent
         opacity: ThemePaletteKey.palette.isDark ? 0.25 : 0.4
         color: root.ThemePaletteKey.palette.dotStroke
-        pawSize: Math.round(30 * root.metrics.enlargement)
-        clearing: Qt.size(1.35 * root.metrics.columnWidth, 1.1 * root.height)
+        pawSize: root.metrics.space(30)
+        // On a narrow screen the corners alone are left.
+        clearing: Qt.size(Math.min(1.35 * root.metrics.columnWidth, 1.05 * root.width),
+                          1.05 * root.height)
     }
 }
