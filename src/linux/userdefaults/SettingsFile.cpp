@@ -78,34 +78,31 @@ void makeFolder(const QString &folder) {
 
 SettingsFile::SettingsFile(QString path) : m_path(std::move(path)) {}
 
-QJsonObject SettingsFile::load() const {
+QJsonObject SettingsFile::load() {
     std::error_code code;
     const auto status = std::filesystem::status(m_path.toStdU16String(), code);
     if (status.type() == std::filesystem::file_type::not_found)
         return {};
+    QString error;
     QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCCritical(userDefaultsLog).noquote()
-            << "Cannot open the settings" << m_path + QLatin1Char(':') << file.errorString();
-        keepAside(std::nullopt);
-        return {};
+    if (file.open(QIODevice::ReadOnly)) {
+        QJsonParseError parseError;
+        const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+        if (document.isObject())
+            return document.object();
+        error = document.isNull() ? parseError.errorString()
+                                  : QStringLiteral("the top level is no object");
+    } else {
+        error = file.errorString();
     }
-    const QByteArray text = file.readAll();
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
-    if (document.isObject())
-        return document.object();
+    m_isUnreadable = true;
     qCCritical(userDefaultsLog).noquote()
-        << "Cannot read the settings" << m_path + QLatin1Char(':')
-        << (document.isNull() ? error.errorString() : QStringLiteral("the top level is no object"));
-    keepAside(text);
+        << "Cannot read the settings" << m_path + QLatin1Char(':') << error;
     return {};
 }
 
 bool SettingsFile::save(const QJsonObject &object) {
-    makeFolder(QFileInfo(m_path).absolutePath());
-    const std::optional<QString> error =
-        replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Indented));
+    const std::optional<QString> error = write(object);
     if (error && !m_isFailing)
         qCCritical(userDefaultsLog).noquote()
             << "Cannot save the settings" << m_path + QLatin1Char(':') << *error;
@@ -113,20 +110,25 @@ bool SettingsFile::save(const QJsonObject &object) {
     return !m_isFailing;
 }
 
-void SettingsFile::keepAside(const std::optional<QByteArray> &text) const {
-    const QString aside = m_path + QStringLiteral(".unreadable");
-    std::optional<QString> error;
-    if (text) {
-        error = replace(aside, *text);
-    } else {
-        std::error_code code;
-        std::filesystem::rename(m_path.toStdU16String(), aside.toStdU16String(), code);
-        if (code)
-            error = QString::fromStdString(code.message());
+std::optional<QString> SettingsFile::write(const QJsonObject &object) {
+    makeFolder(QFileInfo(m_path).absolutePath());
+    if (m_isUnreadable) {
+        if (auto error = keepAside())
+            return error;
+        m_isUnreadable = false;
     }
-    if (error)
-        qCCritical(userDefaultsLog).noquote()
-            << "Cannot keep them as" << aside + QLatin1Char(':') << *error;
+    return replace(m_path, QJsonDocument(object).toJson(QJsonDocument::Indented));
+}
+
+/// Copies the file, so that it stays in place until it is replaced; what cannot be opened is moved.
+std::optional<QString> SettingsFile::keepAside() const {
+    const QString aside = m_path + QStringLiteral(".unreadable");
+    QFile file(m_path);
+    if (file.open(QIODevice::ReadOnly))
+        return replace(aside, file.readAll());
+    std::error_code code;
+    std::filesystem::rename(m_path.toStdU16String(), aside.toStdU16String(), code);
+    return code ? std::optional(QString::fromStdString(code.message())) : std::nullopt;
 }
 
 } // namespace vantrel

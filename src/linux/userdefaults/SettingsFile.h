@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -16,18 +15,21 @@ public:
     /// link stays.
     explicit SettingsFile(QString path);
 
-    /// No members when there is no file. What cannot be read as an object is logged and kept aside
-    /// as `<path>.unreadable`, where no save overwrites it.
-    [[nodiscard]] QJsonObject load() const;
+    /// No members when there is no file, nor, with a log line, when it is no object. It changes
+    /// nothing on the disk.
+    [[nodiscard]] QJsonObject load();
 
-    /// Makes the folder when it is missing. Answers whether the object is on the disk; the first
-    /// failure after a success is logged.
+    /// Makes the folder when it is missing. A file that could not be read is kept as
+    /// `<path>.unreadable` first; where that is not possible, nothing is saved. Answers whether the
+    /// object is on the disk; the first failure after a success is logged.
     bool save(const QJsonObject &object);
 
 private:
-    void keepAside(const std::optional<QByteArray> &text) const;
+    [[nodiscard]] std::optional<QString> keepAside() const;
+    [[nodiscard]] std::optional<QString> write(const QJsonObject &object);
 
     QString m_path;
+    bool m_isUnreadable = false; ///< The file holds something that nobody has put aside yet.
     bool m_isFailing = false;
 };
 

@@ -99,11 +99,11 @@ TEST(KilledWhileSaving, FindsTheOldTextOrTheNewOneEachTime) {
     for (int round = 0; round < 200; ++round) {
         Child child(path);
         std::int64_t reported = 0;
-        const int reports = std::uniform_int_distribution(1, 6)(random);
+        const int reports = std::uniform_int_distribution(1, 4)(random);
         for (int report = 0; report < reports; ++report)
             ASSERT_TRUE(child.readReport(reported));
-        // Work of random length, several saves long at most: the kill lands anywhere in one.
-        volatile int spin = std::uniform_int_distribution(0, 2000000)(random);
+        // Work of random length, about a save long at most: the kill lands anywhere in one.
+        volatile int spin = std::uniform_int_distribution(0, 500000)(random);
         while (spin > 0)
             spin = spin - 1;
         child.killNow();

@@ -40,6 +40,10 @@ protected:
         return status.st_mode & 07777;
     }
 
+    qsizetype filesInFolder() const {
+        return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size();
+    }
+
     static std::size_t loggedErrors() {
         for (const CapturedLog::Line &line : CapturedLog::lines()) {
             EXPECT_EQ(line.type, QtCriticalMsg);
@@ -101,6 +105,7 @@ TEST_P(UnreadableTextTest, IsLoggedAndKeptAsideFromTheNextSave) {
     EXPECT_EQ(loggedErrors(), 1u);
     EXPECT_TRUE(CapturedLog::lines().front().text.contains(path));
     EXPECT_EQ(read(path), GetParam());
+    EXPECT_EQ(filesInFolder(), 1);
 
     defaults.setInteger(key, 1);
     EXPECT_EQ(JsonUserDefaults(path).integer(key), 1);
@@ -114,10 +119,12 @@ INSTANTIATE_TEST_SUITE_P(Texts, UnreadableTextTest,
                                          "\x01\xff\xfe", "// comment\n{}"));
 
 TEST_F(SettingsFileTest, KeepsTheLatestUnreadableTextAside) {
-    write(path, "first");
-    const JsonUserDefaults first(path);
-    write(path, "second");
-    const JsonUserDefaults second(path);
+    for (const char *text : {"first", "second"}) {
+        write(path, text);
+        JsonUserDefaults(path).setInteger(key, 1);
+        EXPECT_EQ(read(path + QStringLiteral(".unreadable")), text);
+    }
+    JsonUserDefaults(path).setInteger(key, 2);
     EXPECT_EQ(read(path + QStringLiteral(".unreadable")), "second");
 }
 
@@ -126,17 +133,27 @@ TEST_F(SettingsFileTest, MovesAsideWhatItCannotEvenOpen) {
     write(path + QStringLiteral("/inside"), "kept");
     JsonUserDefaults defaults(path);
     EXPECT_EQ(loggedErrors(), 1u);
+    EXPECT_EQ(read(path + QStringLiteral("/inside")), "kept");
     defaults.setInteger(key, 1);
     EXPECT_EQ(JsonUserDefaults(path).integer(key), 1);
     EXPECT_EQ(read(path + QStringLiteral(".unreadable/inside")), "kept");
 }
 
-TEST_F(SettingsFileTest, SaysSoWhenItCannotKeepATextAside) {
+TEST_F(SettingsFileTest, SavesNothingUntilItCanKeepAnUnreadableTextAside) {
     write(path, "broken");
-    ASSERT_TRUE(QDir().mkpath(path + QStringLiteral(".unreadable/in the way")));
-    const JsonUserDefaults defaults(path);
-    EXPECT_EQ(loggedErrors(), 2u);
+    const QString inTheWay = path + QStringLiteral(".unreadable");
+    ASSERT_TRUE(QDir().mkpath(inTheWay + QStringLiteral("/full")));
+    JsonUserDefaults defaults(path);
+    defaults.setInteger(key, 1);
+    defaults.setInteger(key, 2);
+    EXPECT_EQ(loggedErrors(), 2u); // one for the load, one for the saves
     EXPECT_EQ(read(path), "broken");
+    EXPECT_EQ(defaults.integer(key), 2);
+
+    ASSERT_TRUE(QDir(inTheWay).removeRecursively());
+    defaults.setInteger(key, 3);
+    EXPECT_EQ(read(inTheWay), "broken");
+    EXPECT_EQ(JsonUserDefaults(path).integer(key), 3);
 }
 
 /// The folder of the settings is a file, so that nothing can be saved, whoever runs the test.
@@ -203,7 +220,7 @@ TEST_F(SettingsFileTest, LeavesTheOldTextStandingWhenTheDiskIsFull) {
     }
     EXPECT_EQ(read(path), before);
     EXPECT_EQ(loggedErrors(), 1u);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(filesInFolder(), 1);
     defaults.setInteger(QStringLiteral("Vantrel.other"), 2);
     EXPECT_EQ(JsonUserDefaults(path).string(key), QString(500, u'x'));
 }
