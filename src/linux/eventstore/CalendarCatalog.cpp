@@ -154,6 +154,7 @@ void CalendarCatalog::expandShared(std::vector<UidHash> touched, const CatalogCo
     touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
     const SeriesReader reader = readerFor(context);
     SharedSeries shared([&](ItemIndex item) { return read(item, context); }, reader);
+    Problems problems;
     auto first = m_entries.begin();
     for (const UidHash uid : touched) {
         first = std::lower_bound(first, m_entries.end(), uid,
@@ -162,29 +163,33 @@ void CalendarCatalog::expandShared(std::vector<UidHash> touched, const CatalogCo
                                        [uid](const Entry &entry) { return entry.uid != uid; });
         const bool isAlone = last - first == 1 && first->isFresh;
         if (first != last && !isAlone && !context.isStopping)
-            expandRun(first, last, shared, context, log);
+            expandRun(first, last, shared, context, problems);
     }
+    if (log == Log::problems)
+        logProblems(QStringLiteral("items that share a UID"), problems);
 }
 
 void CalendarCatalog::expandRun(std::vector<Entry>::iterator first,
                                 std::vector<Entry>::iterator last, SharedSeries &shared,
-                                const CatalogContext &context, Log log) {
+                                const CatalogContext &context, Problems &problems) {
     std::vector<ItemIndex> items;
     for (auto entry = first; entry != last; ++entry)
         items.push_back(entry->item);
     std::stable_sort(items.begin(), items.end(), [this](ItemIndex left, ItemIndex right) {
         return m_items[left].version.modified < m_items[right].version.modified;
     });
-    Problems problems;
-    auto result = shared.expand(first->uid, items, problems);
+    Problems ofRun;
+    auto result = shared.expand(first->uid, items, ofRun);
     for (auto entry = first; entry != last; ++entry) {
         entry->due = result.due;
         entry->shown = std::exchange(result.shown, nullptr);
     }
-    if (log == Log::problems && items.size() > 1 && !problems.isEmpty())
-        logProblems(description(items.back(), context) + QStringLiteral(" together with ") +
-                        description(items.front(), context),
-                    problems);
+    for (const Problem &problem : ofRun.kept()) {
+        if (items.size() > 1)
+            problems.add(0, QStringLiteral("%1 and %2: %3")
+                                .arg(description(items.back(), context),
+                                     description(items.front(), context), problem.reason));
+    }
 }
 
 void CalendarCatalog::dropPast(UtcSeconds from) {

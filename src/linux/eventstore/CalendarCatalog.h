@@ -75,7 +75,7 @@ private:
                                 const CatalogContext &context, Log log);
     void expandShared(std::vector<UidHash> touched, const CatalogContext &context, Log log);
     void expandRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
-                   SharedSeries &shared, const CatalogContext &context, Log log);
+                   SharedSeries &shared, const CatalogContext &context, Problems &problems);
     void dropPast(UtcSeconds from);
 
     [[nodiscard]] std::optional<CalendarText> read(ItemIndex item,

@@ -3,16 +3,16 @@
 #include <sys/timerfd.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
-#include <limits>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
 
-/// So far ahead that it never comes; some kernels refuse more.
-constexpr time_t farFuture = std::numeric_limits<std::int32_t>::max();
+/// The year 2242: far enough, and well within what a kernel can hold in nanoseconds.
+constexpr time_t farFuture = 1LL << 33;
 
 } // namespace
 
@@ -44,12 +44,13 @@ void ClockWatch::arm() {
 
 void ClockWatch::read() {
     std::uint64_t expirations = 0;
-    if (::read(m_timer, &expirations, sizeof expirations) > 0) {
+    const auto length = ::read(m_timer, &expirations, sizeof expirations);
+    if (length > 0) {
         m_notifier->setEnabled(false); // The far future has come.
-        return;
+    } else if (errno == ECANCELED) {
+        arm();
+        m_report();
     }
-    arm();
-    m_report();
 }
 
 } // namespace vantrel

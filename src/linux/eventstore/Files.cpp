@@ -57,7 +57,7 @@ Status status(const QByteArray &path) {
 }
 
 bool isWritable(const QByteArray &path) {
-    return ::access(path.constData(), W_OK) == 0;
+    return ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0;
 }
 
 std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error) {

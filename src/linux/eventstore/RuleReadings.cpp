@@ -66,9 +66,10 @@ Set unitsOf(Set named, bool isWalked, std::int64_t ofStart) {
     return isWalked ? ~Set{0} : Set{1} << ofStart;
 }
 
+/// Calls `take` with each bit of the set from `first` to `last`; false as soon as it answers so.
 template <typename Set, typename Take>
-bool forEachBit(Set set, int count, Take take) {
-    for (int bit = 0; bit < count; ++bit) {
+bool forEachBit(Set set, int first, int last, Take take) {
+    for (int bit = first; bit <= last; ++bit) {
         if ((set >> bit & 1) != 0 && !take(bit))
             return false;
     }
@@ -171,20 +172,22 @@ bool RuleReadings::fill(std::int64_t index, int &steps) {
     return true;
 }
 
+/// `begin` and `end` bound the period, which may be shorter than the day.
 bool RuleReadings::fillDay(std::int64_t day, CivilSeconds begin, CivilSeconds end, int &steps) {
     const CivilSeconds midnight = day * secondsPerDay;
-    const auto overlaps = [begin, end](CivilSeconds time, std::int64_t length) {
-        return time < end && time + length > begin;
-    };
-    return forEachBit(m_hours, 24, [&](int hour) {
-        const CivilSeconds hourStart = midnight + hour * 3600;
-        return !overlaps(hourStart, 3600) || forEachBit(m_minutes, 60, [&](int minute) {
-            const CivilSeconds minuteStart = hourStart + minute * 60;
-            return !overlaps(minuteStart, 60) || forEachBit(m_seconds, 60, [&](int second) {
-                const CivilSeconds reading = minuteStart + second;
-                if (!overlaps(reading, 1))
-                    return true;
-                m_set.push_back(reading);
+    const auto first = static_cast<int>(std::max<CivilSeconds>(begin - midnight, 0));
+    const auto last = static_cast<int>(std::min<CivilSeconds>(end - midnight, secondsPerDay)) - 1;
+    const bool isOneHour = first / 3600 == last / 3600;
+    const bool isOneMinute = first / 60 == last / 60;
+    const bool isOneSecond = first == last;
+    return forEachBit(m_hours, first / 3600, last / 3600, [&](int hour) {
+        const int firstMinute = isOneHour ? first / 60 % 60 : 0;
+        const int lastMinute = isOneHour ? last / 60 % 60 : 59;
+        return forEachBit(m_minutes, firstMinute, lastMinute, [&](int minute) {
+            const int firstSecond = isOneMinute ? first % 60 : 0;
+            const int lastSecond = isOneSecond ? first % 60 : 59;
+            return forEachBit(m_seconds, firstSecond, lastSecond, [&](int second) {
+                m_set.push_back(midnight + hour * 3600 + minute * 60 + second);
                 return (steps -= stepsPerReading) >= 0;
             });
         });

@@ -38,7 +38,7 @@ private:
     static constexpr int leastPerSeries = 1'000;
     static constexpr int mostPerSeries = 100'000;
 
-    int m_left = 5'000'000;
+    int m_left = 2'000'000;
 };
 
 /// Turns the components of one UID into occurrences: rules, added dates, exceptions and overrides

@@ -55,16 +55,14 @@ void StoreLoader::start() {
 }
 
 void StoreLoader::loadNow() {
-    m_window = windowNow();
-    m_take(m_catalog->bring(m_window, m_currentCalendar().timeZone()));
+    m_take(m_catalog->bring(windowNow(), m_currentCalendar().timeZone()));
 }
 
 void StoreLoader::noteQuestion(Instant from, Instant to) {
     const Window asked = windowBetween(from, to);
     const bool isInside = asked.from >= m_window.from && asked.to <= m_window.to;
-    if (isInside || !m_clockWatch || windowNow() == m_window)
-        return;
-    m_askedRoll = m_queue.after(Seconds::zero(), [this] { rollWhenDue(); });
+    if (!isInside && m_clockWatch && isDue())
+        m_askedRoll = m_queue.after(Seconds::zero(), [this] { rollWhenDue(); });
 }
 
 Window StoreLoader::windowNow() const {
@@ -82,8 +80,12 @@ void StoreLoader::noteClock() {
     bringUpToDate();
 }
 
+bool StoreLoader::isDue() const {
+    return windowNow() != m_window || m_currentCalendar().timeZone() != m_zone;
+}
+
 void StoreLoader::rollWhenDue() {
-    if (windowNow() != m_window)
+    if (isDue())
         bringUpToDate();
 }
 
@@ -93,7 +95,8 @@ void StoreLoader::bringUpToDate() {
         return;
     m_isReading = true;
     m_window = windowNow();
-    m_worker.start([this, window = m_window, zone = m_currentCalendar().timeZone()] {
+    m_zone = m_currentCalendar().timeZone();
+    m_worker.start([this, window = m_window, zone = m_zone] {
         auto calendars = m_catalog->bring(window, zone);
         QMetaObject::invokeMethod(
             &m_receiver,

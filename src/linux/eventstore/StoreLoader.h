@@ -11,6 +11,7 @@
 
 #include <QObject>
 #include <QThreadPool>
+#include <QTimeZone>
 
 #include <functional>
 #include <memory>
@@ -46,6 +47,7 @@ public:
 
 private:
     [[nodiscard]] Window windowNow() const;
+    [[nodiscard]] bool isDue() const;
     void noteClock();
     void bringUpToDate();
     void rollWhenDue();
@@ -56,7 +58,10 @@ private:
     const CurrentCalendar m_currentCalendar;
     const Take m_take;
 
-    Window m_window; ///< That was loaded last, or is being loaded.
+    // What was loaded last, or is being loaded.
+    Window m_window;
+    QTimeZone m_zone;
+
     bool m_isLoaded = false;
     bool m_isReading = false;
     bool m_isOutdated = false; ///< Something happened while reading.

@@ -1,5 +1,6 @@
 #include "ZoneRegistry.h"
 
+#include "Files.h"
 #include "ZoneRules.h"
 
 #include <algorithm>
@@ -20,8 +21,21 @@ bool isZoneName(QByteArrayView name) {
            });
 }
 
+/// Qt takes a name that the zone database lacks for a POSIX rule and makes a zone of it: the
+/// database has to be asked.
+bool isInDatabase(const QByteArray &name) {
+    for (const char *const folder : {"/usr/share/zoneinfo/", "/usr/lib/zoneinfo/"}) {
+        int error = 0;
+        if (files::read(folder + name, 4, error) == QByteArray("TZif"))
+            return true;
+    }
+    return false;
+}
+
 std::optional<QTimeZone> zoneNamed(const QByteArray &name) {
-    if (!isZoneName(name))
+    if (name == "UTC" || name == "GMT")
+        return QTimeZone::utc();
+    if (!isZoneName(name) || !isInDatabase(name))
         return std::nullopt;
     QTimeZone zone(name);
     return zone.isValid() ? std::optional(std::move(zone)) : std::nullopt;
@@ -57,6 +71,10 @@ std::shared_ptr<const Zone> ZoneRegistry::systemZone(QByteArrayView name) {
     if (m_system.size() < maximumZones)
         m_system.insert(key, zone);
     return zone;
+}
+
+bool ZoneRegistry::hasSystemZones() {
+    return isInDatabase("Europe/London");
 }
 
 std::shared_ptr<const Zone> ZoneRegistry::describedZone(const std::vector<ContentLine> &lines) {

@@ -15,6 +15,9 @@ namespace vantrel {
 /// Used by one thread at a time.
 class ZoneRegistry {
 public:
+    /// Whether the system has a time-zone database at all.
+    [[nodiscard]] static bool hasSystemZones();
+
     /// The system's zone of that name: an IANA name, one behind a vendor's prefix
     /// ("/mozilla.org/20070129_1/Europe/Berlin"), or a Windows name. Null when there is none.
     std::shared_ptr<const Zone> systemZone(QByteArrayView name);

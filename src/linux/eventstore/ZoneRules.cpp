@@ -15,7 +15,8 @@ constexpr CivilSeconds lastRuleTime =
     std::chrono::sys_days{std::chrono::year{2100} / 1 / 1}.time_since_epoch().count() *
     secondsPerDay;
 constexpr std::size_t maximumOnsets = 1000;
-constexpr int maximumSteps = 2000;
+/// A rule from 1970 to 2100 takes some 50'000.
+constexpr int maximumSteps = 500'000;
 
 /// One STANDARD or DAYLIGHT block.
 struct Observance {
@@ -84,7 +85,7 @@ std::vector<Observance> readObservances(const std::vector<ContentLine> &lines) {
 }
 
 /// The wall-clock readings at which the observance begins, by the offset that held before.
-std::vector<CivilSeconds> onsetsOf(const Observance &observance) {
+std::vector<CivilSeconds> onsetsOf(const Observance &observance, int &steps) {
     std::vector<CivilSeconds> onsets = observance.dates;
     onsets.push_back(*observance.start);
     for (const QByteArrayView text : observance.rules) {
@@ -95,7 +96,6 @@ std::vector<CivilSeconds> onsetsOf(const Observance &observance) {
         std::optional<CivilSeconds> until;
         if (rule->until)
             until = rule->until->civil + (rule->until->isUtc ? *observance.offsetFrom : 0);
-        int steps = maximumSteps;
         RuleReadings(*rule, *observance.start, until)
             .collect(firstRuleTime, lastRuleTime, steps, onsets);
     }
@@ -108,8 +108,9 @@ std::shared_ptr<const Zone> zoneFromRules(const std::vector<ContentLine> &lines)
     std::vector<Zone::Transition> transitions;
     std::optional<CivilSeconds> earliest;
     int offset = 0;
+    int steps = maximumSteps;
     for (const Observance &observance : readObservances(lines)) {
-        for (const CivilSeconds onset : onsetsOf(observance)) {
+        for (const CivilSeconds onset : onsetsOf(observance, steps)) {
             transitions.push_back({onset - *observance.offsetFrom, *observance.offsetTo});
             if (!earliest || onset < *earliest) {
                 earliest = onset;
