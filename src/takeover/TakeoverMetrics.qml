@@ -25,9 +25,9 @@ QtObject {
 
     readonly property real title: Math.max(root.text(7, 0.05, 0.06), 0.04 * root.screenHeight)
     readonly property real countdown: root.text(5, 0.037, 0.046)
-    readonly property real copyLine: root.text(3, 0.024, 0.032)
-    readonly property real button: root.text(3, 0.023, 0.03)
-    readonly property real quietButton: root.text(2, 0.02, 0.027)
+    readonly property real copyLine: root.text(3, 0.024, 0.034)
+    readonly property real button: root.text(3, 0.025, 0.034)
+    readonly property real quietButton: root.text(2, 0.02, 0.03)
 
     readonly property real buttonHeight: Math.round(56 * root.enlargement)
     readonly property real buttonWidth: Math.round(200 * root.enlargement)

@@ -29,7 +29,8 @@ void SymbolItem::setColor(const QColor &color) {
 
 QSGNode *SymbolItem::updatePaintNode(QSGNode *old, UpdatePaintNodeData * /*data*/) {
     auto *node = static_cast<QSGImageNode *>(old);
-    const QSize pixels = (size() * window()->effectiveDevicePixelRatio()).toSize();
+    const double ratio = window()->effectiveDevicePixelRatio();
+    const QSize pixels = (size() * ratio).toSize();
     if (m_name.isEmpty() || pixels.isEmpty()) {
         delete node;
         return nullptr;
@@ -40,7 +41,11 @@ QSGNode *SymbolItem::updatePaintNode(QSGNode *old, UpdatePaintNodeData * /*data*
         node->setFiltering(QSGTexture::Linear);
     }
     node->setTexture(window()->createTextureFromImage(symbolPicture(m_name, pixels, m_color)));
-    node->setRect(boundingRect());
+    // Where the desktop scales by a fraction, the picture is blurred unless it lies on whole
+    // pixels.
+    const QPointF place = mapToScene(QPointF()) * ratio;
+    const QPointF corner = (place.toPoint() - place) / ratio;
+    node->setRect(QRectF(corner, QSizeF(pixels) / ratio));
     return node;
 }
 

@@ -53,11 +53,7 @@ double Typography::advance(const QFont &font, const QString &text) {
 }
 
 double Typography::figureAdvance(const QFont &font) {
-    const QFontMetricsF metrics(font);
-    double widest = 0.0;
-    for (char figure = '0'; figure <= '9'; ++figure)
-        widest = std::max(widest, metrics.horizontalAdvance(QLatin1Char(figure)));
-    return widest;
+    return QFontMetricsF(font).horizontalAdvance(QLatin1Char('0'));
 }
 
 } // namespace vantrel

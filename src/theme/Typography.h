@@ -28,7 +28,8 @@ public:
     /// How far `text` moves on the place of what follows it, spaces at its end included.
     Q_INVOKABLE [[nodiscard]] static double advance(const QFont &font, const QString &text);
 
-    /// The advance of the widest of the ten figures.
+    /// The advance that each figure gets where all are to be equally wide: that of the zero, which
+    /// is about the widest; what is a little wider stands over into the air around it.
     Q_INVOKABLE [[nodiscard]] static double figureAdvance(const QFont &font);
 };
 
