@@ -20,17 +20,17 @@ enum Trait : std::uint8_t {
 
 constexpr std::array<std::uint8_t, 128> makeTraits() {
     std::array<std::uint8_t, 128> traits{};
-    for (char c = '0'; c <= '9'; ++c)
-        traits[static_cast<std::size_t>(c)] = digit | link | host;
-    for (char c = 'a'; c <= 'z'; ++c)
-        traits[static_cast<std::size_t>(c)] = letter | link | host;
-    for (char c = 'A'; c <= 'Z'; ++c)
-        traits[static_cast<std::size_t>(c)] = letter | link | host;
-    for (const char c : {'-', '.', '_'})
-        traits[static_cast<std::size_t>(c)] = link | host;
-    for (const char c : {'~', ':',  '/', '?', '#', '[', ']', '@', '!', '$',
-                         '&', '\'', '(', ')', '*', '+', ',', ';', '=', '%'})
-        traits[static_cast<std::size_t>(c)] = link;
+    for (unsigned c = '0'; c <= '9'; ++c)
+        traits[c] = digit | link | host;
+    for (unsigned c = 'a'; c <= 'z'; ++c)
+        traits[c] = letter | link | host;
+    for (unsigned c = 'A'; c <= 'Z'; ++c)
+        traits[c] = letter | link | host;
+    for (const unsigned char c : {'-', '.', '_'})
+        traits[c] = link | host;
+    for (const unsigned char c : {'~', ':',  '/', '?', '#', '[', ']', '@', '!', '$',
+                                  '&', '\'', '(', ')', '*', '+', ',', ';', '=', '%'})
+        traits[c] = link;
     return traits;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DigitGroups.h"
 #include "NumberContext.h"
 #include "NumberingPlan.h"
 
@@ -32,31 +33,12 @@ public:
     [[nodiscard]] std::optional<Number> next(qsizetype from, qsizetype to) const;
 
 private:
-    /// Digits in a row.
-    struct Group {
-        qsizetype start;
-        qsizetype end;
-        [[nodiscard]] qsizetype size() const { return end - start; }
-    };
-
-    /// Groups that are held together by single blanks, hyphens, dots, slashes and brackets.
-    struct Run {
-        static constexpr int mostGroups = 8;
-
-        Group groups[mostGroups];
-        int size = 0;
-        bool isTooLong = false;
-        qsizetype end = 0;
-    };
-
-    enum class Year { fourDigits, twoOrFourDigits };
+    using Group = DigitGroups::Group;
+    using Run = DigitGroups::Run;
+    using Year = DigitGroups::Year;
 
     [[nodiscard]] std::optional<Number> international(qsizetype plus, qsizetype to) const;
     [[nodiscard]] qsizetype behindPlus(qsizetype plus, qsizetype to) const;
-    [[nodiscard]] Group groupAt(qsizetype start, qsizetype to) const;
-    [[nodiscard]] qsizetype separatorLength(qsizetype position, qsizetype to) const;
-    [[nodiscard]] bool isSpaced(qsizetype from, qsizetype to) const;
-    [[nodiscard]] Run runAt(qsizetype start, qsizetype to) const;
 
     [[nodiscard]] std::optional<Number> national(const Run &run) const;
     [[nodiscard]] bool isDialled(const Run &run) const;
@@ -64,16 +46,12 @@ private:
     [[nodiscard]] bool standsAlone(const Number &number) const;
     [[nodiscard]] bool isWordAt(qsizetype position) const;
     [[nodiscard]] bool startsExtension(qsizetype position) const;
-    [[nodiscard]] bool isInternetAddress(const Run &run) const;
-    [[nodiscard]] bool isDateOrYears(const Run &run) const;
 
     void add(const Group &group, DialledDigits &dialled) const;
-    [[nodiscard]] int valueOf(const Group &group) const;
-    [[nodiscard]] qsizetype dateOrTimeLength(qsizetype start, Year year) const;
     [[nodiscard]] Number withBrackets(qsizetype start, qsizetype end) const;
-    [[nodiscard]] char16_t at(qsizetype position) const;
 
     QStringView m_text;
+    DigitGroups m_groups;
     NumberingPlan m_plan;
     NumberContext m_context;
 };

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -21,7 +22,9 @@ public:
         bool isAccepting = false;
         std::array<State, 10> next{}; ///< Zero leads nowhere.
 
-        auto operator<=>(const Node &) const = default;
+        bool operator<(const Node &other) const {
+            return std::tie(isAccepting, next) < std::tie(other.isAccepting, other.next);
+        }
     };
 
     static constexpr State nothing = 0;     ///< Holds no string at all.
