@@ -44,18 +44,22 @@ void AppCoordinator::handleCalendarStoreChanged() {
     m_takeoverTriggerScheduler.refresh();
 }
 
-/// A user who never chose watches every ordinary calendar. As long as there is none there is
-/// nothing to choose from, and no choice is stored.
-void AppCoordinator::selectDefaultCalendars() {
-    if (hasSelection(m_services.defaults))
-        return;
+std::set<QString> AppCoordinator::defaultSelection(const EventStore &store) {
     std::set<QString> ordinary;
-    for (const StoreCalendar &calendar : m_services.store.calendars()) {
+    for (const StoreCalendar &calendar : store.calendars()) {
         if (calendar.type == StoreCalendarType::local)
             ordinary.insert(calendar.calendarIdentifier);
     }
-    if (!ordinary.empty())
-        m_preferences.setSelectedCalendarIDs(ordinary);
+    return ordinary;
+}
+
+/// As long as there is no calendar there is nothing to choose from, and no choice is stored.
+void AppCoordinator::selectDefaultCalendars() {
+    if (hasSelection(m_services.defaults))
+        return;
+    const std::set<QString> selection = defaultSelection(m_services.store);
+    if (!selection.empty())
+        m_preferences.setSelectedCalendarIDs(selection);
 }
 
 } // namespace vantrel

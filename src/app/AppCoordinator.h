@@ -15,6 +15,10 @@
 #include <takeover/TakeoverTriggerScheduler.h>
 #include <takeover/TakeoverWindowController.h>
 
+#include <QString>
+
+#include <set>
+
 namespace vantrel {
 
 /// The desktop as the coordinator is given it. Everything in it outlives the coordinator.
@@ -42,6 +46,9 @@ public:
 
     /// Whether the user, or the first start for them, ever chose calendars.
     [[nodiscard]] static bool hasSelection(const UserDefaults &defaults);
+
+    /// What a user watches who never chose: every ordinary calendar.
+    [[nodiscard]] static std::set<QString> defaultSelection(const EventStore &store);
 
     /// Ends what `start` began and takes down a takeover that is up.
     void stop();

@@ -3,8 +3,6 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
-#include <cmath>
-
 namespace vantrel {
 
 namespace {
@@ -53,8 +51,10 @@ std::optional<Seconds> parseHorizon(const QString &text) {
     return horizon;
 }
 
-Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calendar) {
+Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calendar,
+                   const std::optional<QString> &profile) {
     PrintAgenda agenda;
+    agenda.profile = profile;
     agenda.asJson = parser.isSet(QStringLiteral("json"));
     agenda.calendars = parser.values(QStringLiteral("calendars"));
     if (parser.isSet(QStringLiteral("now"))) {
@@ -78,19 +78,14 @@ Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calend
 } // namespace
 
 Command parseCommandLine(const QStringList &arguments, const LocalCalendar &calendar) {
-    const QString verb = arguments.value(1).startsWith(u'-') ? QString() : arguments.value(1);
-    const bool isAgenda = verb == u"agenda";
-
     QCommandLineParser parser;
     parser.addOptions({{QStringLiteral("help"), {}},
                        {QStringLiteral("version"), {}},
-                       {QStringLiteral("profile"), {}, QStringLiteral("folder")}});
-    if (isAgenda) {
-        parser.addOptions({{QStringLiteral("json"), {}},
-                           {QStringLiteral("calendars"), {}, QStringLiteral("path")},
-                           {QStringLiteral("now"), {}, QStringLiteral("date")},
-                           {QStringLiteral("horizon"), {}, QStringLiteral("seconds")}});
-    }
+                       {QStringLiteral("profile"), {}, QStringLiteral("folder")},
+                       {QStringLiteral("json"), {}},
+                       {QStringLiteral("calendars"), {}, QStringLiteral("path")},
+                       {QStringLiteral("now"), {}, QStringLiteral("date")},
+                       {QStringLiteral("horizon"), {}, QStringLiteral("seconds")}});
     if (!parser.parse(arguments))
         return UsageError{parser.errorText()};
     if (parser.isSet(QStringLiteral("help")))
@@ -99,19 +94,19 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
         return PrintText{
             QStringLiteral("vantrel %1\n").arg(QCoreApplication::applicationVersion())};
 
-    const QStringList positional = parser.positionalArguments();
-    if (positional.size() > (isAgenda ? 1 : 0))
-        return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
-
     std::optional<QString> profile;
     if (parser.isSet(QStringLiteral("profile")))
         profile = parser.value(QStringLiteral("profile"));
-    if (!isAgenda)
-        return RunAgent{profile};
-    Command command = readAgenda(parser, calendar);
-    if (auto *agenda = std::get_if<PrintAgenda>(&command))
-        agenda->profile = profile;
-    return command;
+    const QStringList positional = parser.positionalArguments();
+    if (positional == QStringList{QStringLiteral("agenda")})
+        return readAgenda(parser, calendar, profile);
+    if (!positional.isEmpty())
+        return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
+    for (const char *option : {"json", "calendars", "now", "horizon"}) {
+        if (parser.isSet(QLatin1String(option)))
+            return UsageError{QStringLiteral("--%1 goes with agenda").arg(QLatin1String(option))};
+    }
+    return RunAgent{profile};
 }
 
 } // namespace vantrel

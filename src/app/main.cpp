@@ -17,6 +17,7 @@
 
 #include <cstdio>
 #include <optional>
+#include <set>
 
 namespace vantrel {
 
@@ -24,17 +25,37 @@ namespace {
 
 enum ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 
-LocalCalendar currentCalendar() {
-    return {QTimeZone::systemTimeZone(), QLocale()};
+/// The environment's zone. TZ may name the zone's file in place of the zone (POSIX leaves the form
+/// open, glibc reads both), which Qt does not read; a zone that does not exist counts as UTC, as in
+/// the rest of the system.
+QTimeZone currentTimeZone() {
+    QTimeZone zone = QTimeZone::systemTimeZone();
+    if (zone.isValid())
+        return zone;
+    const QByteArray name = qgetenv("TZ");
+    const QByteArray folder = "/zoneinfo/";
+    const auto place = name.indexOf(folder);
+    const QTimeZone named(place < 0 ? QByteArray() : name.mid(place + folder.size()));
+    return named.isValid() ? named : QTimeZone::utc();
 }
 
-void print(std::FILE *stream, const QByteArray &text) {
-    std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stream);
+LocalCalendar currentCalendar() {
+    return {currentTimeZone(), QLocale()};
+}
+
+/// Answers whether all of it got out.
+bool print(std::FILE *stream, const QByteArray &text) {
+    const auto size = static_cast<std::size_t>(text.size());
+    return std::fwrite(text.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
 int fail(ExitCode code, const QString &message) {
     print(stderr, QStringLiteral("vantrel: %1\n").arg(message).toUtf8());
     return code;
+}
+
+int show(const QByteArray &text) {
+    return print(stdout, text) ? done : fail(failed, QStringLiteral("cannot write the output"));
 }
 
 QString settingsFile(const std::optional<QString> &profile) {
@@ -75,9 +96,12 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     return code;
 }
 
+/// The first of the paths that is neither a folder nor a calendar file, or cannot be read.
 std::optional<QString> unreadable(const QStringList &paths) {
     for (const QString &path : paths) {
-        if (!QFileInfo(path).isReadable())
+        const QFileInfo info(path);
+        const bool isCalendarFile = info.isFile() && info.suffix() == u"ics";
+        if (!info.isReadable() || !(info.isDir() || isCalendarFile))
             return path;
     }
     return std::nullopt;
@@ -90,10 +114,17 @@ std::set<QString> everyCalendar(const EventStore &store) {
     return identifiers;
 }
 
+std::set<QString> selectedCalendars(UserDefaults &defaults, const EventStore &store) {
+    return AppCoordinator::hasSelection(defaults) ? PreferencesStore(defaults).selectedCalendarIDs()
+                                                  : AppCoordinator::defaultSelection(store);
+}
+
 int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
     const QCoreApplication application(argc, argv);
     if (const auto path = unreadable(command.calendars))
-        return fail(failed, QStringLiteral("cannot read %1").arg(*path));
+        return fail(
+            failed,
+            QStringLiteral("no calendar folder and no .ics file that can be read: %1").arg(*path));
 
     QtMainQueue queue;
     const Instant now = command.now.value_or(queue.now());
@@ -105,16 +136,11 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
     LocalEventStore store(queue, configuration, currentCalendar);
     store.loadNow();
 
-    std::set<QString> selected = everyCalendar(store);
-    if (isOwn) {
-        JsonUserDefaults defaults(settingsFile(command.profile));
-        if (AppCoordinator::hasSelection(defaults))
-            selected = PreferencesStore(defaults).selectedCalendarIDs();
-    }
-    const auto events = UpcomingEventsQuery(store).fetchUpcoming(selected, now, command.horizon);
-    print(stdout, command.asJson ? Agenda::json(events, now, store, currentCalendar())
-                                 : Agenda::text(events, currentCalendar()));
-    return std::fflush(stdout) == 0 ? done : failed;
+    JsonUserDefaults defaults(settingsFile(command.profile));
+    const auto events = UpcomingEventsQuery(store).fetchUpcoming(
+        isOwn ? selectedCalendars(defaults, store) : everyCalendar(store), now, command.horizon);
+    return show(command.asJson ? Agenda::json(events, now, store, currentCalendar())
+                               : Agenda::text(events, currentCalendar()));
 }
 
 } // namespace
@@ -133,10 +159,8 @@ int main(int argc, char **argv) {
     const Command command = parseCommandLine(arguments, currentCalendar());
     if (const auto *error = std::get_if<UsageError>(&command))
         return fail(wrongUsage, error->message + QStringLiteral(" (vantrel --help tells more)"));
-    if (const auto *text = std::get_if<PrintText>(&command)) {
-        print(stdout, text->text.toUtf8());
-        return done;
-    }
+    if (const auto *text = std::get_if<PrintText>(&command))
+        return show(text->text.toUtf8());
     if (const auto *agenda = std::get_if<PrintAgenda>(&command))
         return printAgenda(argc, argv, *agenda);
     return runAgent(argc, argv, std::get<RunAgent>(command));

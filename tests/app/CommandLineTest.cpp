@@ -53,6 +53,13 @@ TEST(CommandLine, TakesEveryOptionOfTheAgenda) {
     EXPECT_EQ(agenda.profile, QStringLiteral("p"));
 }
 
+TEST(CommandLine, TakesTheVerbBehindAnOption) {
+    const Command command = parse({QStringLiteral("--profile"), QStringLiteral("p"),
+                                   QStringLiteral("agenda"), QStringLiteral("--json")});
+    ASSERT_TRUE(std::holds_alternative<PrintAgenda>(command));
+    EXPECT_EQ(std::get<PrintAgenda>(command).profile, QStringLiteral("p"));
+}
+
 struct Moment {
     const char *text;
     const char *utc;

@@ -159,6 +159,8 @@ class AgendaTest(unittest.TestCase):
         for arguments, code in [
             (["agenda", "--calendars", self.folder / "none"], 1),
             (["agenda", "--calendars", self.folder / "none.ics", "--json"], 1),
+            (["agenda", "--calendars", self.write("notes.txt", "x")], 1),
+            (["agenda", "--calendars", "/dev/zero"], 1),
             (["agenda", "--now", "yesterday"], 2),
             (["agenda", "--horizon", "-1"], 2),
             (["agneda"], 2),
@@ -168,6 +170,26 @@ class AgendaTest(unittest.TestCase):
                 self.assertEqual(result.returncode, code)
                 self.assertEqual(result.stdout, "")
                 self.assertTrue(result.stderr.startswith("vantrel: "), result.stderr)
+
+    def test_reads_every_form_of_the_zone(self):
+        file = self.write("a.ics", calendar(event("a", "DTSTART:20260302T090000Z")))
+        for zone, start in [("Europe/Zurich", "10:00:00+01:00"), (":Europe/Zurich", "10:00:00+01:00"),
+                            ("/usr/share/zoneinfo/Europe/Zurich", "10:00:00+01:00"),
+                            (":/usr/share/zoneinfo/Europe/Zurich", "10:00:00+01:00"),
+                            ("CET-1CEST,M3.5.0,M10.5.0/3", "10:00:00+01:00"),
+                            ("Nonsense/Zone", "09:00:00+00:00"), ("UTC", "09:00:00+00:00")]:
+            with self.subTest(zone=zone):
+                self.assertEqual(self.starts(file, zone=zone), ["2026-03-02T" + start])
+
+    def test_fails_when_its_output_is_lost(self):
+        file = self.write("a.ics", calendar(event("a", "DTSTART:20260302T090000Z", "RRULE:FREQ=DAILY")))
+        for more in [[], ["--json"]]:
+            with self.subTest(more=more), open("/dev/full", "wb") as full:
+                result = subprocess.run([VANTREL, "agenda", "--calendars", file, "--now",
+                                         "2026-03-02T08:00:00Z", "--horizon", "8640000", *more],
+                                        stdout=full, stderr=subprocess.PIPE, check=False)
+                self.assertEqual(result.returncode, 1)
+                self.assertTrue(result.stderr.startswith(b"vantrel: "))
 
     def test_prints_text_for_people(self):
         file = self.write("a.ics", calendar(
