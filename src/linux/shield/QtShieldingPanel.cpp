@@ -67,8 +67,11 @@ void QtShieldingPanel::orderFront() {
 }
 
 void QtShieldingPanel::setOpacity(double opacity) {
-    if (m_window)
-        m_window->setOpacity(opacity);
+    if (!m_window)
+        return;
+    m_window->setOpacity(opacity);
+    if (m_shield)
+        m_shield->flush();
 }
 
 void QtShieldingPanel::orderOut() {
@@ -77,6 +80,8 @@ void QtShieldingPanel::orderOut() {
     if (m_shield)
         m_shield->letGo(*m_window);
     m_window->hide();
+    if (m_shield)
+        m_shield->flush();
 }
 
 } // namespace vantrel

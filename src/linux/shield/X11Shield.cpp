@@ -25,13 +25,17 @@ void X11Shield::raise(QWindow &window, PanelRole role) {
         m_stack.arrange();
     else
         xcb_force_screen_saver(x11::connection(), XCB_SCREEN_SAVER_RESET);
-    xcb_flush(x11::connection());
+    flush();
 }
 
 void X11Shield::letGo(QWindow &window) {
     const auto id = static_cast<xcb_window_t>(window.winId());
     m_keyboard.giveBack(id);
     m_stack.remove(id);
+    flush();
+}
+
+void X11Shield::flush() {
     xcb_flush(x11::connection());
 }
 

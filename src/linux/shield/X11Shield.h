@@ -29,6 +29,10 @@ public:
     /// Call it before the window is hidden. Harmless for one that was not raised.
     void letGo(QWindow &window);
 
+    /// Sends what Qt has been asked for to the server. Qt itself may leave it lying until the next
+    /// event comes in.
+    void flush();
+
     [[nodiscard]] X11Keyboard &keyboard() { return m_keyboard; }
 
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;

@@ -166,6 +166,13 @@ void OtherProgram::forgetWindowManager() {
     settle();
 }
 
+bool OtherProgram::isBlended() {
+    return own(xcb_get_selection_owner_reply(
+                   m_connection, xcb_get_selection_owner(m_connection, atom("_NET_WM_CM_S0")),
+                   nullptr))
+               ->owner != XCB_NONE;
+}
+
 bool OtherProgram::showsWindowOfClass(const std::string &name) {
     std::vector<xcb_window_t> waiting{root()};
     while (!waiting.empty()) {

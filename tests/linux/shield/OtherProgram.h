@@ -50,6 +50,9 @@ public:
     [[nodiscard]] bool hasWindowManager();
     void forgetWindowManager();
 
+    /// Whether a program blends the windows into the picture on the screen.
+    [[nodiscard]] bool isBlended();
+
     /// Whether any visible window says that it is of this class.
     [[nodiscard]] bool showsWindowOfClass(const std::string &name);
 
@@ -78,10 +81,12 @@ inline constexpr xcb_keycode_t enter = 36;
 inline constexpr xcb_keycode_t leftControl = 37;
 inline constexpr xcb_keycode_t a = 38;
 inline constexpr xcb_keycode_t s = 39;
+inline constexpr xcb_keycode_t semicolon = 47;
 inline constexpr xcb_keycode_t leftShift = 50;
 inline constexpr xcb_keycode_t leftAlt = 64;
 inline constexpr xcb_keycode_t space = 65;
 inline constexpr xcb_keycode_t keypadEnter = 104;
+inline constexpr xcb_keycode_t altGr = 108;
 inline constexpr xcb_keycode_t leftSuper = 133;
 } // namespace keycode
 

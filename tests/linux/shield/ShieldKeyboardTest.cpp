@@ -185,6 +185,83 @@ TEST_P(ShieldKeyboardTest, LetsAKeyDestroyThePanelThatHeardIt) {
     EXPECT_TRUE(waitUntil([this] { return !interactive && shows(leftMonitor, Qt::black); }));
 }
 
+/// What a key writes with a modifier held, on a keyboard layout (setxkbmap's words).
+struct Stroke {
+    const char *name;
+    std::vector<std::string> layout;
+    xcb_keycode_t modifier; ///< Zero for none.
+    xcb_keycode_t key;
+    const char *characters;
+};
+
+void PrintTo(const Stroke &stroke, std::ostream *stream) {
+    *stream << stroke.name;
+}
+
+class CharactersTest : public testing::TestWithParam<Stroke> {
+protected:
+    ~CharactersTest() override { run({"setxkbmap", "-layout", "us", "-option", ""}); }
+};
+
+TEST_P(CharactersTest, AreThoseOfTheKeyAloneAndOfShift) {
+    const Stroke &stroke = GetParam();
+    std::vector<std::string> command{"setxkbmap", "-option", ""};
+    command.insert(command.end(), stroke.layout.begin(), stroke.layout.end());
+    ASSERT_EQ(run(command), 0);
+    Desktop desktop{""};
+    QtMainQueue queue;
+    QtScreenLayout layout{queue};
+    QtShieldingPanels panels{queue};
+    const auto panel =
+        panels.makePanel(layout.screens()[0], PanelRole::interactive,
+                         {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}}});
+    std::vector<KeyPress> presses;
+    const auto monitor = panels.monitorKeyDown([&](const KeyPress &press) {
+        presses.push_back(press);
+        return true;
+    });
+    panel->orderFront();
+
+    if (stroke.modifier)
+        desktop.program().pressKey(stroke.modifier);
+    desktop.program().strikeKey(stroke.key);
+    if (stroke.modifier)
+        desktop.program().releaseKey(stroke.modifier);
+    const std::size_t wanted = stroke.modifier ? 2 : 1;
+    ASSERT_TRUE(waitUntil([&] { return presses.size() == wanted; }));
+    EXPECT_EQ(presses.back().charactersIgnoringModifiers, QString::fromUtf8(stroke.characters));
+    if (stroke.modifier) {
+        EXPECT_EQ(presses.front().charactersIgnoringModifiers, QString());
+    }
+}
+
+const std::vector<std::string> american{"-layout", "us"};
+const std::vector<std::string> german{"-layout", "de"};
+const std::vector<std::string> french{"-layout", "fr"};
+const std::vector<std::string> dvorak{"-layout", "us", "-variant", "dvorak"};
+const std::vector<std::string> russian{"-layout", "ru"};
+const std::vector<std::string> russianAndAmerican{"-layout", "ru,us"};
+const std::vector<std::string> greekAndAmerican{"-layout", "gr,us"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Layouts, CharactersTest,
+    testing::Values(Stroke{"S", american, 0, keycode::s, "s"},
+                    Stroke{"ShiftS", american, keycode::leftShift, keycode::s, "S"},
+                    Stroke{"ControlS", american, keycode::leftControl, keycode::s, "s"},
+                    Stroke{"AltS", american, keycode::leftAlt, keycode::s, "s"},
+                    Stroke{"SuperS", american, keycode::leftSuper, keycode::s, "s"},
+                    Stroke{"GermanS", german, 0, keycode::s, "s"},
+                    Stroke{"GermanAltGrS", german, keycode::altGr, keycode::s, "s"},
+                    Stroke{"GermanUmlaut", german, 0, keycode::semicolon, "\xc3\xb6"},
+                    Stroke{"FrenchA", french, 0, keycode::a, "q"},
+                    Stroke{"DvorakS", dvorak, 0, keycode::semicolon, "s"},
+                    Stroke{"DvorakO", dvorak, 0, keycode::s, "o"},
+                    Stroke{"RussianAlone", russian, 0, keycode::s, "\xd1\x8b"},
+                    Stroke{"RussianBesideAmerican", russianAndAmerican, 0, keycode::s, "s"},
+                    Stroke{"GreekBesideAmerican", greekAndAmerican, 0, keycode::s, "s"},
+                    Stroke{"Escape", american, 0, keycode::escape, ""}),
+    [](const auto &instance) { return std::string(instance.param.name); });
+
 } // namespace
 
 VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldKeyboardTest);
