@@ -91,8 +91,11 @@ void TakeoverTriggerScheduler::refresh() {
     pruneOldFiredEvents();
     if (m_preferences.isPaused())
         return;
+    // The query leaves out what began before the moment it is asked for, and a meeting that began
+    // just now is still to be shown.
     const auto events =
-        m_query.fetchUpcoming(m_preferences.selectedCalendarIDs(), m_queue.now(), horizon);
+        m_query.fetchUpcoming(m_preferences.selectedCalendarIDs(),
+                              m_queue.now() - lateJoinAllowance, lateJoinAllowance + horizon);
     for (const UpcomingEvent &event : events)
         schedule(event);
 }

@@ -58,11 +58,7 @@ struct LateRow {
 class LateStartTest : public SchedulerFixture, public testing::WithParamInterface<LateRow> {};
 
 TEST_P(LateStartTest, FiresAtOnceOrNever) {
-    add("Planning", queue.now(), Seconds{GetParam().length});
-    store.whileFetching = [this] {
-        store.whileFetching = nullptr;
-        queue.suspend(Seconds{GetParam().sinceStart});
-    };
+    add("Planning", queue.now() - Seconds{GetParam().sinceStart}, Seconds{GetParam().length});
     scheduler->refresh();
     queue.runDue();
     EXPECT_EQ(titles().size(), GetParam().fires ? 1U : 0U);
@@ -613,7 +609,8 @@ TEST_F(TakeoverTriggerSchedulerTest, BringsASnoozedTakeoverBackAtOnceWhenThePlan
     EXPECT_EQ(titles(), Titles{});
 }
 
-TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeWhenThePlanIsMadeAnewAfterTheStart) {
+TEST_F(TakeoverTriggerSchedulerTest,
+       EndsASnoozeAtOnceWhenThePlanIsMadeAnewWithinFiveMinutesOfTheStart) {
     preferences.setSnoozeDurationMinutes(5);
     add("Planning", local("2026-03-02T08:40:00"));
     startScheduler();
@@ -622,7 +619,47 @@ TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeWhenThePlanIsMadeAnewAfterTheSt
     runTo("2026-03-02T08:41:00");
     scheduler->refresh();
     queue.runDue();
+    EXPECT_EQ(titles(), Titles{QStringLiteral("Planning")});
+}
+
+TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeWhenThePlanIsMadeAnewLaterThanThat) {
+    preferences.setSnoozeDurationMinutes(15);
+    add("Planning", local("2026-03-02T08:40:00"));
+    startScheduler();
+    runTo("2026-03-02T08:39:00");
+    pressSnooze();
+    runTo("2026-03-02T08:45:01");
+    scheduler->refresh();
+    queue.runDue();
     EXPECT_EQ(armed(), 0U);
+}
+
+TEST_F(TakeoverTriggerSchedulerTest, ShowsAMeetingThatBeganBeforeTheProgramDid) {
+    add("Planning", queue.now() - Seconds{240});
+    startScheduler();
+    queue.runDue();
+    EXPECT_EQ(titles(), Titles{QStringLiteral("Planning")});
+}
+
+TEST_F(TakeoverTriggerSchedulerTest, ShowsAMeetingThatBeganWhileTheMachineSlept) {
+    add("Planning", local("2026-03-02T09:00:00"));
+    startScheduler();
+    runTo("2026-03-02T08:50:00");
+    queue.suspend(Seconds{14 * 60});
+    scheduler->refresh();
+    queue.runDue();
+    EXPECT_EQ(titles(), Titles{QStringLiteral("Planning")});
+}
+
+TEST_F(TakeoverTriggerSchedulerTest, DoesNotShowAnAnsweredTakeoverAgainWhileItsMeetingIsYoung) {
+    add("Planning", local("2026-03-02T09:00:00"));
+    startScheduler();
+    runTo("2026-03-02T08:59:00");
+    dismiss();
+    runTo("2026-03-02T09:03:00");
+    scheduler->refresh();
+    queue.runDue();
+    EXPECT_EQ(titles(), Titles{});
 }
 
 TEST_F(TakeoverTriggerSchedulerTest, LosesASnoozeThatEndsWhileAnotherTakeoverIsUp) {

@@ -81,7 +81,7 @@ std::vector<Meeting> RulesModel::upcoming() const {
         const Micros start = meeting.start * microsPerSecond;
         const bool isWatched = settings.selectedCalendars.contains(meeting.calendar) &&
                                calendars.contains(meeting.calendar);
-        const bool isNear = start >= m_wall && start < m_wall + 24 * hour;
+        const bool isNear = start >= m_wall - 300 * microsPerSecond && start < m_wall + 24 * hour;
         const bool isMeant = !meeting.isAllDay && !meeting.isCancelled && !meeting.isDeclined;
         if (isWatched && isNear && isMeant)
             found.push_back(meeting);
