@@ -13,9 +13,10 @@ namespace vantrel {
 
 bool CalendarCatalog::update(const SourceCalendar &calendar, const CatalogContext &context) {
     const bool isAdopted = adopt(calendar);
-    if (!calendar.hasChanges)
+    if (!calendar.hasChanges && !m_isIncomplete)
         return isAdopted;
     auto items = context.source.items(m_given.calendarIdentifier);
+    m_isIncomplete = !items;
     if (!items)
         return isAdopted;
     const auto change = m_items.replace(std::move(*items), calendar.rewrittenItems);
@@ -124,8 +125,11 @@ std::vector<CalendarCatalog::Entry> CalendarCatalog::readAnew(const std::vector<
         if (context.isStopping)
             break;
         auto text = read(item, context);
-        if (!text)
+        if (!text) {
+            m_items.markUnread(item);
+            m_isIncomplete = true;
             continue;
+        }
         if (text->isComplete || !hasEntries[item]) {
             isReplaced[item] = true;
             if (m_isDescribedByText) {

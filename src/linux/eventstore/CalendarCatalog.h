@@ -87,6 +87,7 @@ private:
     QString m_textName;    ///< As the text does, when it may; empty otherwise.
     QString m_textColor;
     bool m_isDescribedByText = false;
+    bool m_isIncomplete = false; ///< Something could not be read: ask again, changed or not.
     std::shared_ptr<const StoreCalendar> m_calendar;
     ItemList m_items;
     std::vector<Entry> m_entries; ///< By UID, then item.

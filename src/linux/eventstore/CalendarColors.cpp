@@ -176,11 +176,15 @@ Color colorOf(std::uint32_t value, std::uint32_t alpha = 0xFF) {
             static_cast<double>(value & 0xFF) / 255.0, static_cast<double>(alpha) / 255.0};
 }
 
+bool isHexDigit(QChar character) {
+    return (character >= u'0' && character <= u'9') || (character >= u'a' && character <= u'f');
+}
+
 std::optional<Color> colorFromDigits(const QString &digits) {
-    bool isNumber = false;
-    const std::uint32_t value = digits.toUInt(&isNumber, 16);
-    if (!isNumber || digits.startsWith(u'+') || (digits.size() != 6 && digits.size() != 8))
+    if ((digits.size() != 6 && digits.size() != 8) ||
+        !std::all_of(digits.begin(), digits.end(), isHexDigit))
         return std::nullopt;
+    const std::uint32_t value = digits.toUInt(nullptr, 16);
     return digits.size() == 6 ? colorOf(value) : colorOf(value >> 8, value & 0xFF);
 }
 

@@ -55,7 +55,8 @@ public:
     /// The calendars as they are, in an order that stays the same while the set does.
     [[nodiscard]] virtual std::vector<SourceCalendar> calendars() = 0;
 
-    /// The items of one of those calendars, in any order. Empty when they cannot be had.
+    /// The items of one of those calendars, in any order. Empty when they cannot be had; `changed`
+    /// is then announced later, for another try, and so it is for a text.
     [[nodiscard]] virtual std::optional<std::vector<SourceItem>>
     items(const QString &calendarIdentifier) = 0;
 

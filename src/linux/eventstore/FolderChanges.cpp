@@ -86,13 +86,24 @@ void FolderChanges::pollWhen(bool isShortOfWatches) {
     m_poll.cancel();
     if (!isShortOfWatches)
         return;
-    m_poll = m_queue.every(pollInterval, [this] {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_changes.isEverything = true;
-        }
-        m_announce();
-    });
+    m_poll = m_queue.every(pollInterval, [this] { announceEverything(); });
+}
+
+void FolderChanges::tryAgainLater() {
+    if (!m_watch)
+        return;
+    QMetaObject::invokeMethod(
+        &m_receiver,
+        [this] { m_retry = m_queue.after(pollInterval, [this] { announceEverything(); }); },
+        Qt::QueuedConnection);
+}
+
+void FolderChanges::announceEverything() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_changes.isEverything = true;
+    }
+    m_announce();
 }
 
 } // namespace vantrel

@@ -43,10 +43,15 @@ public:
     void watch(const QByteArray &folder, const QByteArray &name = {});
     void endRound();
 
+    /// From any thread: everything counts as changed a minute from now, since something could not
+    /// be read that may be read then.
+    void tryAgainLater();
+
 private:
     void note(const std::optional<std::vector<FolderWatch::Event>> &events);
     void announceSoon();
     void pollWhen(bool isShortOfWatches);
+    void announceEverything();
 
     MainQueue &m_queue;
     const std::function<void()> m_announce;
@@ -54,6 +59,7 @@ private:
     ScheduledWork m_announcement;
     std::optional<MonotonicInstant> m_firstEvent; ///< Of those that are not announced yet.
     ScheduledWork m_poll;
+    ScheduledWork m_retry;
 
     std::mutex m_mutex;
     Changes m_changes; ///< Guarded by the mutex.

@@ -179,6 +179,9 @@ void FolderSource::watchLinks(const Place &place) {
 }
 
 void FolderSource::noteTrouble(const QByteArray &path, int error, const char *what) {
+    // What is missing announces itself when it comes, and a size or a kind when it changes.
+    if (error != ENOENT && error != EINVAL && error != EFBIG)
+        m_changes.tryAgainLater();
     if (m_troubles.value(path) == error)
         return;
     m_troubles.insert(path, error);

@@ -21,10 +21,15 @@ public:
     /// Items named in `rewritten` count as changed, whatever their version.
     Change replace(std::vector<SourceItem> items, std::vector<QByteArray> rewritten);
 
+    /// The item counts as changed the next time, whatever its version is then.
+    void markUnread(Index index) { m_items[index].version = neverRead; }
+
     [[nodiscard]] std::size_t size() const { return m_items.size(); }
     [[nodiscard]] const SourceItem &operator[](Index index) const { return m_items[index]; }
 
 private:
+    static constexpr ItemVersion neverRead{-1, -1, ~std::uint64_t{0}};
+
     std::vector<SourceItem> m_items;
 };
 

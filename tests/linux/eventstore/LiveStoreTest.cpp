@@ -1,12 +1,14 @@
 #include "StoreFixture.h"
 
 #include <linux/eventstore/ClockWatch.h>
+#include <linux/eventstore/FolderChanges.h>
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 namespace vantrel {
 namespace {
@@ -244,9 +246,12 @@ TEST_F(LiveStore, KeepsTheLastCompleteVersionOfAHalfWrittenFile) {
     begin({QStringLiteral("work")});
     const QByteArray next = oneEvent("second");
     files.write(QStringLiteral("work/a.ics"), next.left(next.size() / 2));
+    settle([this] {
+        queue.advance(Seconds{1.0});
+        return log.has("a.ics", "last complete version stays");
+    });
     settleQuiet();
     EXPECT_THAT(titles(*live), ElementsAre("first"));
-    EXPECT_TRUE(log.has("a.ics", "last complete version stays")) << log.text();
     files.write(QStringLiteral("work/a.ics"), next);
     settle([this] {
         queue.advance(Seconds{1.0});
@@ -262,6 +267,38 @@ TEST_F(LiveStore, ReadsAFileOnceUntilItChanges) {
     replace(QStringLiteral("work/a.ics"), oneEvent("second"));
     settleChange();
     EXPECT_EQ(log.lines().size(), lines) << log.text(); // The bad file was not read again.
+}
+
+TEST_F(LiveStore, ShowsTheOtherOfTwoFilesWithOneUidWhenOneGoes) {
+    files.write(QStringLiteral("work/a.ics"),
+                calendarText(event("x", "DTSTART:20260302T110000Z\nSEQUENCE:2\nSUMMARY:later\n")));
+    files.write(QStringLiteral("work/b.ics"), oneEvent("earlier"));
+    begin({QStringLiteral("work")});
+    EXPECT_THAT(titles(*live), ElementsAre("later"));
+    QFile::remove(files.path(QStringLiteral("work/a.ics")));
+    settleChange();
+    EXPECT_THAT(titles(*live), ElementsAre("earlier"));
+    replace(QStringLiteral("work/c.ics"),
+            calendarText(event("x", "DTSTART:20260302T110000Z\nSEQUENCE:3\nSUMMARY:latest\n")));
+    settleChange();
+    EXPECT_THAT(titles(*live), ElementsAre("latest"));
+}
+
+TEST_F(LiveStore, LooksAtEverythingWhenMoreHappensThanTheSystemKeeps) {
+    files.write(QStringLiteral("work/a.ics"), oneEvent("first"));
+    files.write(QStringLiteral("work/b.ics"), calendarText(noonEvent("second")));
+    begin({QStringLiteral("work")});
+    QFile one(files.path(QStringLiteral("work/a.ics")));
+    QFile other(files.path(QStringLiteral("work/b.ics")));
+    for (int round = 0; round < 20'000; ++round) { // The system's own limit is 16384 events.
+        for (QFile *file : {&one, &other}) {
+            ASSERT_TRUE(file->open(QIODevice::ReadWrite));
+            file->close();
+        }
+    }
+    replace(QStringLiteral("work/c.ics"), calendarText(noonEvent("third")));
+    settleChange();
+    EXPECT_THAT(titles(*live), ElementsAre("second", "third", "first"));
 }
 
 TEST_F(LiveStore, MovesItsWindowOnFromDayToDay) {
@@ -329,6 +366,33 @@ TEST_F(LiveStore, GoesAwayInTheMiddleOfReading) {
     live->start();
     live.reset();
     QCoreApplication::processEvents();
+}
+
+TEST_F(LiveStore, LooksOnceAMinuteWhereNothingCanBeWatched) {
+    int announcements = 0;
+    FolderChanges watched(queue, [&announcements] { ++announcements; });
+    rlimit limit = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+    const rlimit none = {0, limit.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    watched.start();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
+    const auto look = [&] {
+        const bool isEverything = watched.take().isEverything;
+        watched.watch(QFile::encodeName(files.path()));
+        watched.endRound();
+        QCoreApplication::processEvents();
+        return isEverything;
+    };
+    EXPECT_TRUE(look());
+    EXPECT_TRUE(log.has("cannot be watched", "once a minute")) << log.text();
+    EXPECT_FALSE(look());
+    queue.advance(Seconds{59.0});
+    EXPECT_EQ(announcements, 0);
+    queue.advance(Seconds{1.0});
+    EXPECT_EQ(announcements, 1);
+    EXPECT_TRUE(look());
+    EXPECT_EQ(log.lines().size(), 1U);
 }
 
 TEST_F(LiveStore, NoticesTheSystemsZoneChanging) {
