@@ -54,7 +54,6 @@ struct LateRow {
     bool fires;
 };
 
-/// The query lists a meeting as long as it has not begun; it begins while the plan is made.
 class LateStartTest : public SchedulerFixture, public testing::WithParamInterface<LateRow> {};
 
 TEST_P(LateStartTest, FiresAtOnceOrNever) {
