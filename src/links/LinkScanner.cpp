@@ -68,13 +68,8 @@ LinkScanner::Run LinkScanner::runAt(qsizetype start) const {
 }
 
 std::optional<LinkScanner::Link> LinkScanner::linkOf(const Run &run, Search search) {
-    const char16_t behind = at(run.end);
-    if (behind == u':' && at(run.end + 1) == u'/' && at(run.end + 2) == u'/')
+    if (at(run.end) == u':' && at(run.end + 1) == u'/' && at(run.end + 2) == u'/')
         return linkWithScheme(run, search);
-    if (behind == u'@' && run.end > run.start) { // a mail address; its host is no link
-        m_position = runAt(run.end + 1).end;
-        return std::nullopt;
-    }
     if (run.hasDot && search == Search::all)
         return linkWithoutScheme(run);
     return std::nullopt;

@@ -107,6 +107,18 @@ TEST(DetectionMemo, KeepsTextsThatTheCalendarHolds) {
                   found(number));
 }
 
+TEST(DetectionMemo, TakesOverATextThatTheCalendarHasReadAgain) {
+    DetectionMemo memo;
+    Text text = notes(1);
+    memo.add({noUrl, noText, text, territory}, found(1));
+    const Text again = copyOf(*text);
+    text.reset();
+    EXPECT_TRUE(again->isDetached());
+    EXPECT_EQ(memo.find({noUrl, noText, again, territory}), found(1));
+    EXPECT_FALSE(again->isDetached());
+    EXPECT_EQ(memo.find({noUrl, noText, again, territory}), found(1));
+}
+
 TEST(DetectionMemo, NeverGrowsBeyondItsLimit) {
     DetectionMemo memo({.mostAlone = 0, .most = 1'000'000, .tidiedEvery = 16});
     std::vector<Text> held;
