@@ -24,9 +24,6 @@ public:
 
     [[nodiscard]] const StoreCalendar &calendar() const { return *m_calendar; }
 
-    /// By start; equal starts by identifier.
-    [[nodiscard]] const std::vector<Slot> &slots() const { return m_slots; }
-
     /// Appends the slots that overlap the interval as EventStore defines it, by start. Takes
     /// O(log n) for each slot under way at `from`, and O(log n + answers) for the others.
     void collect(Instant from, Instant to, std::vector<const Slot *> &found) const;
@@ -43,7 +40,7 @@ private:
 
     std::shared_ptr<const StoreCalendar> m_calendar;
     std::vector<std::shared_ptr<const ShownSeries>> m_series; ///< Keeps the slots' events alive.
-    std::vector<Slot> m_slots;
+    std::vector<Slot> m_slots;            ///< By start; equal starts by identifier.
     std::vector<UtcSeconds> m_latestEnds; ///< A binary tree over the slots; node 1 is its root.
     std::size_t m_leaves = 0;             ///< A power of two.
     std::vector<std::uint32_t> m_byIdentifier; ///< Slots by identifier, then start.
