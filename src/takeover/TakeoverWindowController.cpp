@@ -36,11 +36,15 @@ TakeoverWindowController::~TakeoverWindowController() {
 void TakeoverWindowController::show(const TakeoverContext &context, const Palette &palette,
                                     std::optional<Seconds> autoCloseAfter, Callback onJoin,
                                     Callback onSnooze, Callback onDismiss) {
-    if (isUp())
+    if (isUp()) {
+        qCWarning(takeoverLog) << "a takeover is up, so the next one is not shown";
         return;
+    }
     const std::vector<Screen> candidates = interactiveCandidates();
-    if (candidates.empty())
+    if (candidates.empty()) {
+        qCWarning(takeoverLog) << "no monitor is connected, so a takeover is not shown";
         return;
+    }
 
     m_currentContext = context;
     m_palette = palette;
