@@ -3,11 +3,14 @@
 #include <theme/ThemePalette.h>
 
 #include <QAccessible>
+#include <QQmlEngine>
+#include <QQmlError>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vantrel {
 
@@ -26,6 +29,21 @@ QStringList accessibleNames(QAccessibleInterface *root) {
     }
     names.removeAll(QString());
     return names;
+}
+
+/// Of all channels of all pixels, from 0 to 255.
+int largestDifference(const QImage &one, const QImage &other) {
+    int largest = one.size() == other.size() ? 0 : 255;
+    for (int y = 0; largest < 255 && y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb left = one.pixel(x, y);
+            const QRgb right = other.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(left) - qRed(right)),
+                                std::abs(qGreen(left) - qGreen(right)),
+                                std::abs(qBlue(left) - qBlue(right))});
+        }
+    }
+    return largest;
 }
 
 class TakeoverViewTest : public testing::Test, protected ShownView {
@@ -101,7 +119,8 @@ TEST_F(TakeoverViewTest, RollsTheFiguresAndComesToRest) {
     EXPECT_EQ(stage.frameCount(), before);
 
     reducedMotion = true;
-    EXPECT_EQ(make().picture(), rested);
+    // The renderer leaves out the last step of a fade when it is finer than it can draw.
+    EXPECT_LE(largestDifference(make().picture(), rested), 1);
 }
 
 TEST_F(TakeoverViewTest, KeepsTheCountdownWhereItIsWhileFiguresChange) {
@@ -324,6 +343,19 @@ TEST_F(TakeoverViewTest, CausesNoWarnings) {
             << stage.warnings().join(QLatin1Char('\n')).toStdString();
         phaseState.phase.set(TakeoverPhase::urgent);
     }
+}
+
+TEST_F(TakeoverViewTest, GoesWithoutAWarning) {
+    QStringList warnings;
+    QQmlEngine *engine = qmlEngine(&make(Theme::dusk).root());
+    const QObject body;
+    QObject::connect(engine, &QQmlEngine::warnings, &body, [&](const QList<QQmlError> &found) {
+        for (const QQmlError &warning : found)
+            warnings += warning.toString();
+    });
+    make(Theme::summit).show();
+    make(Theme::dusk);
+    EXPECT_TRUE(warnings.isEmpty()) << warnings.join(QLatin1Char('\n')).toStdString();
 }
 
 // Colours
