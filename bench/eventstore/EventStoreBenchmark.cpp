@@ -1,12 +1,15 @@
 #include "PlainLoop.h"
 #include "SampleFolder.h"
 
+#include <calendar/UpcomingEventsQuery.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreCatalog.h>
 
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+
+#include <set>
 
 namespace {
 
@@ -82,6 +85,24 @@ void queryFourteenDays(benchmark::State &state) {
     state.counters["occurrences"] = static_cast<double>(count);
 }
 BENCHMARK(queryFourteenDays)->Unit(benchmark::kMicrosecond);
+
+/// The same as the program's own records, with their links, which is what each consumer asks for.
+void fetchUpcomingFourteenDays(benchmark::State &state) {
+    StillQueue queue;
+    const auto store = storeOf(queue);
+    store->loadNow();
+    const auto identifiers = identifiersOf(*store);
+    const std::set<QString> selected(identifiers.begin(), identifiers.end());
+    const UpcomingEventsQuery query(*store);
+    std::size_t count = 0;
+    for (auto _ : state) {
+        const auto events = query.fetchUpcoming(selected, queue.now(), std::chrono::days(14));
+        count = events.size();
+        benchmark::DoNotOptimize(events.data());
+    }
+    state.counters["occurrences"] = static_cast<double>(count);
+}
+BENCHMARK(fetchUpcomingFourteenDays)->Unit(benchmark::kMicrosecond);
 
 void findByIdentifier(benchmark::State &state) {
     StillQueue queue;
