@@ -9,8 +9,6 @@
 #include <QFile>
 #include <QTextStream>
 
-#include <malloc.h>
-
 namespace {
 
 using namespace vantrel;
@@ -28,7 +26,6 @@ protected:
 
 /// Kilobytes; 0 where the kernel does not tell.
 qint64 proportionalSetSize() {
-    ::malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QIODevice::ReadOnly))
         return 0;

@@ -26,7 +26,7 @@ struct ContentLine {
 /// holds. Lines end with CRLF, LF or CR; a byte order mark is skipped.
 class ContentLines {
 public:
-    static constexpr qsizetype maximumLength = 64 * 1024;
+    static constexpr qsizetype maximumLength = 65'536;
 
     /// Unfolds within `text`, which must outlive the lines.
     explicit ContentLines(QByteArray &text);

@@ -60,7 +60,7 @@ bool isWritable(const QByteArray &path) {
     return ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) == 0;
 }
 
-std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error) {
+std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail, int &error) {
     const std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir(folder.constData()),
                                                          &::closedir);
     if (!directory) {
@@ -68,12 +68,17 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error) {
         return std::nullopt;
     }
     std::vector<Entry> entries;
-    const int descriptor = ::dirfd(directory.get());
     while (const dirent *one = ::readdir(directory.get())) {
-        struct stat found = {};
-        if (one->d_name[0] == '.' || ::fstatat(descriptor, one->d_name, &found, 0) != 0)
+        if (one->d_name[0] == '.')
             continue;
-        if (!S_ISDIR(found.st_mode) && !S_ISREG(found.st_mode))
+        const bool isKindKnown = one->d_type == DT_REG || one->d_type == DT_DIR;
+        if (detail == Detail::kind && isKindKnown) {
+            entries.push_back({one->d_name, one->d_type == DT_DIR});
+            continue;
+        }
+        struct stat found = {};
+        if (::fstatat(::dirfd(directory.get()), one->d_name, &found, 0) != 0 ||
+            (!S_ISDIR(found.st_mode) && !S_ISREG(found.st_mode)))
             continue;
         entries.push_back(entryOf(one->d_name, found));
         entries.back().isLink = one->d_type == DT_LNK;

@@ -8,6 +8,12 @@
 
 namespace vantrel::files {
 
+/// How much to find out about the names in a folder.
+enum class Detail {
+    kind,   ///< Only whether each is a folder or a file.
+    version ///< When it was changed, its size and its inode too.
+};
+
 /// What a name in a folder stands for, symbolic links followed.
 struct Entry {
     QByteArray name;
@@ -32,7 +38,8 @@ struct Status {
 
 /// The folders and regular files in a folder whose names do not begin with a dot. Empty when the
 /// folder cannot be read; `error` is then the system's number for why.
-[[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, int &error);
+[[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail,
+                                                     int &error);
 
 /// What a regular file holds, at most `limit` bytes of it. Empty when it cannot be read; `error`
 /// is then the system's number for why. Never waits for a writer, as a pipe would.

@@ -61,7 +61,7 @@ StoreCalendar describeFile(const QByteArray &path) {
 
 bool looksLikeCalendar(const QByteArray &path) {
     int error = 0;
-    const auto entries = files::list(path, error);
+    const auto entries = files::list(path, files::Detail::kind, error);
     return entries && std::any_of(entries->begin(), entries->end(), [](const files::Entry &entry) {
                return !entry.isFolder && (hasCalendarSuffix(entry.name) || entry.name == nameFile ||
                                           entry.name == colorFile);

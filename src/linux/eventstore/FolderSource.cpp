@@ -71,7 +71,7 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
                                 bool isCalendarHome, Round &round) {
     m_changes.watch(files::resolved(path));
     int error = 0;
-    auto entries = files::list(path, error);
+    auto entries = files::list(path, files::Detail::kind, error);
     if (!entries)
         return noteTrouble(path, error, "folder not read");
     m_troubles.remove(path);
@@ -120,7 +120,7 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
 std::optional<std::vector<SourceItem>> FolderSource::items(const QString &calendarIdentifier) {
     Place &place = m_places[calendarIdentifier];
     int error = 0;
-    const auto entries = files::list(place.folder(), error);
+    const auto entries = files::list(place.folder(), files::Detail::version, error);
     if (!entries) {
         noteTrouble(place.path, error, "folder not read");
         return std::nullopt;
