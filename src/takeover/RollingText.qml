@@ -1,6 +1,7 @@
 import QtQuick
 
-// A text that rolls downwards to its next one.
+// A text that rolls downwards to its next one. The two hardly overlap: each is readable whenever one
+// looks.
 Item {
     id: root
 
@@ -39,7 +40,7 @@ Item {
         id: current
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.round((root.progress - 1) * 0.3 * root.implicitHeight)
-        opacity: root.progress
+        opacity: Math.max(0, 1.6 * root.progress - 0.6)
         text: root.shown
         textFormat: Text.PlainText
         font: root.font
@@ -51,7 +52,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.round(root.progress * 0.3 * root.implicitHeight)
         visible: root.progress < 1
-        opacity: 1 - root.progress
+        opacity: Math.max(0, 1 - 1.6 * root.progress)
         text: root.leaving
         textFormat: Text.PlainText
         font: root.font
