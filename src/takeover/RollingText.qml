@@ -1,7 +1,7 @@
 import QtQuick
 
-// A text that rolls downwards to its next one. The two hardly overlap: each is readable whenever one
-// looks.
+// A text that rolls downwards to its next one. The two hardly overlap, since together they could be
+// read as neither.
 Item {
     id: root
 
