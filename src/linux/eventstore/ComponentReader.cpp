@@ -10,7 +10,7 @@ namespace vantrel {
 
 namespace {
 
-constexpr std::size_t maximumEvents = 200'000;
+constexpr std::size_t maximumEvents = 100'000;
 constexpr std::size_t maximumZoneBlocks = 200;
 constexpr std::size_t maximumZoneLines = 2'000;
 

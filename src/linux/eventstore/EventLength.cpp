@@ -4,6 +4,14 @@ namespace vantrel {
 
 namespace {
 
+/// A day alone and a floating time end in the zone of the start.
+UtcSeconds endOf(const EventComponent &component, const UserClock &clock) {
+    const Moment &end = *component.end;
+    return end.kind == Moment::Kind::date || end.kind == Moment::Kind::floating
+               ? clock.zoneOf(component.start).toUtc(end.civil)
+               : clock.instantOf(end);
+}
+
 Span spanOf(const EventComponent &component, const UserClock &clock) {
     const bool isAllDay = component.start.kind == Moment::Kind::date;
     if (component.end && isAllDay && component.end->kind == Moment::Kind::date) {
@@ -12,7 +20,7 @@ Span spanOf(const EventComponent &component, const UserClock &clock) {
         return {std::max<std::int64_t>(days, 1), 0};
     }
     if (component.end) {
-        const auto seconds = clock.instantOf(*component.end) - clock.instantOf(component.start);
+        const auto seconds = endOf(component, clock) - clock.instantOf(component.start);
         return {0, std::max<std::int64_t>(seconds, 0)};
     }
     return component.duration.value_or(Span{isAllDay ? 1 : 0, 0});
@@ -31,7 +39,7 @@ UtcSeconds EventLength::endOf(CivilSeconds start, UtcSeconds startInstant, const
 }
 
 bool endsBeforeItStarts(const EventComponent &component, const UserClock &clock) {
-    return component.end && clock.instantOf(*component.end) < clock.instantOf(component.start);
+    return component.end && endOf(component, clock) < clock.instantOf(component.start);
 }
 
 } // namespace vantrel

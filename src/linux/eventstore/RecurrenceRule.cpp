@@ -197,4 +197,11 @@ std::optional<RecurrenceRule> RecurrenceRule::parse(QByteArrayView text, QString
     return rule;
 }
 
+bool RecurrenceRule::makeWholeDays() {
+    hours = 0;
+    minutes = 0;
+    seconds = 0;
+    return frequency >= Frequency::daily;
+}
+
 } // namespace vantrel

@@ -42,6 +42,10 @@ struct RecurrenceRule {
     /// Empty, with the reason in `problem`, when the text is no rule that can be kept to. Parts
     /// with names of a vendor's own are passed over.
     static std::optional<RecurrenceRule> parse(QByteArrayView text, QString &problem);
+
+    /// Drops the parts that speak of times of day. False when nothing sensible is left: the rule
+    /// walks in steps shorter than a day.
+    bool makeWholeDays();
 };
 
 } // namespace vantrel

@@ -64,8 +64,11 @@ private:
         std::vector<CivilSeconds> found;
         for (const QByteArrayView text : rules) {
             QString problem;
-            const auto rule = RecurrenceRule::parse(text, problem);
-            if (!rule) {
+            auto rule = RecurrenceRule::parse(text, problem);
+            if (rule && m_parts.isAllDay() && !rule->makeWholeDays())
+                problem = QStringLiteral("recurrence rule of less than a day for a whole day; only "
+                                         "its first occurrence is shown");
+            if (!problem.isEmpty()) {
                 m_problems.add(master.line, problem);
                 continue;
             }

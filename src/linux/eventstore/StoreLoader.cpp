@@ -5,6 +5,7 @@
 
 #include <QMetaObject>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -17,9 +18,16 @@ constexpr Seconds rollInterval{900.0};
 
 constexpr int threadLifetime = 1000; // milliseconds without work
 
+/// Whole seconds within the years that a calendar text can name.
+UtcSeconds secondsOf(double seconds) {
+    constexpr double farPast = -62'200'000'000.0;
+    constexpr double farFuture = 253'500'000'000.0;
+    return static_cast<UtcSeconds>(std::clamp(seconds, farPast, farFuture));
+}
+
 Window windowBetween(Instant from, Instant to) {
-    return {static_cast<UtcSeconds>(std::floor(from.time_since_epoch().count())),
-            static_cast<UtcSeconds>(std::ceil(to.time_since_epoch().count()))};
+    return {secondsOf(std::floor(from.time_since_epoch().count())),
+            secondsOf(std::ceil(to.time_since_epoch().count()))};
 }
 
 } // namespace

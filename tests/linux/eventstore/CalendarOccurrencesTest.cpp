@@ -38,8 +38,9 @@ TEST(CalendarOccurrences, FindWhatOverlapsAsAPlainSearchDoes) {
         std::vector<std::pair<UtcSeconds, UtcSeconds>> times;
         const int size = static_cast<int>(random() % 60);
         for (int index = 0; index < size; ++index) {
-            const UtcSeconds start = random() % 100;
-            const UtcSeconds length = random() % 4 == 0 ? random() % 90 : random() % 5;
+            const auto start = static_cast<UtcSeconds>(random() % 100);
+            const auto length =
+                static_cast<UtcSeconds>(random() % 4 == 0 ? random() % 90 : random() % 5);
             times.emplace_back(start, start + length);
             all.push_back(series(QString::number(index), {times.back()}));
         }

@@ -85,6 +85,17 @@ TEST_F(LocalEventStoreTest, HasOneIdentifierForASeriesAndAnotherForAnOverride) {
     EXPECT_FALSE(store->eventWithIdentifier(QString()));
 }
 
+TEST_F(LocalEventStoreTest, ShowsACancelledOverrideAsCancelled) {
+    files.write(QStringLiteral("one.ics"),
+                calendarText(event("s", "DTSTART:20260302T090000Z\nRRULE:FREQ=DAILY;COUNT=2\n") +
+                             event("s", "RECURRENCE-ID:20260303T090000Z\nSTATUS:CANCELLED\n"
+                                        "DTSTART:20260303T090000Z\n")));
+    const auto found = events(*load({QStringLiteral("one.ics")}));
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].status, StoreEventStatus::none);
+    EXPECT_EQ(found[1].status, StoreEventStatus::cancelled);
+}
+
 TEST_F(LocalEventStoreTest, FindsTheOccurrenceNearestToNow) {
     files.write(QStringLiteral("one.ics"),
                 calendarText(event("s", "DTSTART:20260302T090000Z\nDURATION:PT1H\n"
@@ -133,6 +144,21 @@ TEST_F(LocalEventStoreTest, KeepsToTheWindowOfItsConfiguration) {
     EXPECT_EQ(store.events(at("2030-01-01T00:00:00"), at("2032-01-01T00:00:00"), identifiers(store))
                   .size(),
               7U);
+}
+
+TEST_F(LocalEventStoreTest, BearsAWindowWithoutMeasure) {
+    files.write(QStringLiteral("one.ics"),
+                calendarText(event("s", "DTSTART:20260302T090000Z\nRRULE:FREQ=YEARLY\n") +
+                             event("t", "DTSTART:20260302T090000Z\nRRULE:FREQ=DAILY\n")));
+    StoreConfiguration configuration;
+    configuration.roots.push_back({files.path(QStringLiteral("one.ics")), {}, false});
+    configuration.fixedWindow = {Instant{Seconds{-1e300}}, Instant{Seconds{1e300}}};
+    LocalEventStore store(queue, configuration, [] { return fakes::calendarIn("UTC"); });
+    store.loadNow();
+    const auto found =
+        store.events(Instant{Seconds{-1e300}}, Instant{Seconds{1e300}}, identifiers(store));
+    EXPECT_GT(found.size(), 10'000U);
+    EXPECT_TRUE(log.has("one.ics", "too many occurrences")) << log.text();
 }
 
 } // namespace

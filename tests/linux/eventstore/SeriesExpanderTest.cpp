@@ -85,6 +85,18 @@ const Row singles[] = {
      "2026-03-03T00:00:00",
      "UTC",
      {"2026-03-02 08:00/17:00"}},
+    {"FloatingEndIsInTheZoneOfTheStart",
+     event("a", "DTSTART;TZID=America/New_York:20260302T090000\nDTEND:20260302T100000\n"),
+     "2026-03-02T00:00:00",
+     "2026-03-03T00:00:00",
+     "UTC",
+     {"2026-03-02 14:00/15:00"}},
+    {"EndOnADayIsItsMidnightInTheZoneOfTheStart",
+     event("a", "DTSTART;TZID=America/New_York:20260302T090000\nDTEND;VALUE=DATE:20260303\n"),
+     "2026-03-02T00:00:00",
+     "2026-03-03T00:00:00",
+     "UTC",
+     {"2026-03-02 14:00/2026-03-03 05:00"}},
     {"WholeDayInTheUsersZone",
      event("a", "DTSTART;VALUE=DATE:20260302\n"),
      "2026-03-02T00:00:00",
@@ -244,6 +256,12 @@ const Row rules[] = {
      {"2026-03-02 09:00/09:00"}},
     {"UntilOfWholeDays",
      event("a", "DTSTART;VALUE=DATE:20260302\nRRULE:FREQ=DAILY;UNTIL=20260303\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 00:00/2026-03-03 00:00", "2026-03-03 00:00/2026-03-04 00:00"}},
+    {"WholeDaySeriesHasNoHours",
+     event("a", "DTSTART;VALUE=DATE:20260302\nRRULE:FREQ=DAILY;COUNT=2;BYHOUR=9;BYMINUTE=30\n"),
      "2026-03-01T00:00:00",
      "2026-03-20T00:00:00",
      "UTC",
@@ -603,6 +621,14 @@ INSTANTIATE_TEST_SUITE_P(Rules, SeriesExpanderTable, ::testing::ValuesIn(rules),
 INSTANTIATE_TEST_SUITE_P(DatesAndExceptions, SeriesExpanderTable,
                          ::testing::ValuesIn(datesAndExceptions), nameOf);
 INSTANTIATE_TEST_SUITE_P(Overrides, SeriesExpanderTable, ::testing::ValuesIn(overrides), nameOf);
+
+TEST(SeriesExpander, RefusesHoursOfWholeDays) {
+    const ExpandedText text(
+        calendarText(event("a", "DTSTART;VALUE=DATE:20260302\nRRULE:FREQ=HOURLY;COUNT=3\n")),
+        "2026-03-01T00:00:00", "2026-03-20T00:00:00", "UTC");
+    EXPECT_THAT(text.lines, ElementsAre("2026-03-02 00:00/2026-03-03 00:00"));
+    EXPECT_EQ(text.problems.size(), 1U);
+}
 
 TEST(SeriesExpander, SaysWhenASingleEventIsDue) {
     const ExpandedText text(calendarText(event("a", "DTSTART:20260320T090000Z\n")),
