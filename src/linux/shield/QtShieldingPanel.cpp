@@ -56,8 +56,8 @@ void QtShieldingPanel::orderFront() {
     if (!m_window)
         return;
     if (!m_shield) {
-        m_window->showFullScreen();
-        m_window->raise();
+        m_window->setWindowStates(Qt::WindowFullScreen);
+        m_window->setVisible(true); // showFullScreen() would activate an echo panel as well.
         if (m_role == PanelRole::interactive)
             m_window->requestActivate();
         return;

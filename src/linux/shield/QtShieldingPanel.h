@@ -16,7 +16,7 @@ class X11Shield;
 
 /// One panel: a window that is as large as its monitor, above the others as far as the desktop
 /// lets a program decide that.
-class QtShieldingPanel : public ShieldingPanel {
+class QtShieldingPanel final : public ShieldingPanel {
 public:
     /// `shield` is null off X11. The window must be one that nobody else shows or deletes.
     QtShieldingPanel(std::unique_ptr<QWindow> window, PanelEvents &events, QScreen &screen,

@@ -65,6 +65,20 @@ TEST_P(ShieldingPanelsTest, CoverEveryPixelOfBothMonitors) {
     EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
 }
 
+TEST_P(ShieldingPanelsTest, CoverEveryPixelOfAMonitorWhoseSizeTheScaleDoesNotDivide) {
+    joinMonitors();
+    setSmallMode(true);
+    const QRect smaller(0, 0, 1280, 500); // By 1.75 it is 731.4 wide.
+    ASSERT_TRUE(waitUntil([this] { return layout.screens().size() == 1; }));
+    interactive = makePanel(0, PanelRole::interactive);
+    interactive->orderFront();
+    EXPECT_TRUE(waitUntil([&] { return shows(smaller, interactiveColor); }));
+    interactive.reset();
+    setSmallMode(false);
+    connectBothMonitors();
+    EXPECT_TRUE(waitUntil([this] { return layout.screens().size() == 2; }));
+}
+
 TEST_P(ShieldingPanelsTest, LeaveTheOtherMonitorAlone) {
     interactive = makePanel(0, PanelRole::interactive);
     interactive->orderFront();
