@@ -35,7 +35,7 @@ void setSmallMode(bool isSmall);
 
 /// Runs the event loop until the condition holds; answers whether it came to
 /// that within the time.
-bool waitUntil(const std::function<bool()> &condition, Seconds longest = Seconds{10});
+bool waitUntil(const std::function<bool()> &condition, Seconds longest = Seconds{30});
 
 /// A desktop that comes and goes with this object: a window manager by name (""
 /// for none).
