@@ -42,6 +42,8 @@ QFont Typography::reading(double pixelSize, int weight) {
 
 QFont Typography::rounded(double pixelSize, int weight) {
     QFont font = reading(pixelSize, weight);
+    // Large texts need no hinting, and with it they would be measured wider than Quick draws them.
+    font.setHintingPreference(QFont::PreferNoHinting);
     const QString family = roundedFamily(weight);
     if (!family.isEmpty())
         font.setFamilies(QStringList{family} + font.families());

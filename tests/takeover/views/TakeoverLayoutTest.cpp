@@ -1,5 +1,7 @@
 #include "ShownView.h"
 
+#include <takeover/TitleFit.h>
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -55,6 +57,15 @@ protected:
         return shown;
     }
 
+    /// A title that was found to fit is drawn whole.
+    static void expectMeasured(const QQuickItem &title, const QString &circumstance) {
+        const auto fit = title.property("fit").value<TitleFit>();
+        const int lines = title.property("lineCount").toInt();
+        EXPECT_TRUE(fit.isCut || !title.property("isCut").toBool()) << circumstance.toStdString();
+        EXPECT_LE(lines, fit.pixelSize == title.property("fullSize").toInt() ? 2 : 4)
+            << circumstance.toStdString();
+    }
+
     void expectFits(gallery::Stage &stage, const QString &circumstance) {
         const QRectF screen(0, 0, size.width(), size.height());
         QRectF before(0, 0, size.width(), 0);
@@ -75,6 +86,8 @@ protected:
                 << " stands over what comes before";
             before = taken;
         }
+        if (const QQuickItem *title = stage.find(QStringLiteral("title")))
+            expectMeasured(*title, circumstance);
         EXPECT_TRUE(stage.warnings().isEmpty())
             << stage.warnings().join(QLatin1Char('\n')).toStdString();
     }
