@@ -53,8 +53,6 @@ private:
         std::set<CivilSeconds> known(shown.begin(), shown.end());
         for (const AddedDate &date : master.dates)
             placeDate(date, known);
-        if (m_clock.instantOf(master.start) >= m_window.to)
-            noteDue(m_clock.instantOf(master.start));
     }
 
     /// The wall-clock readings around the window that the rules yield.
@@ -116,8 +114,6 @@ private:
     void placeDate(const AddedDate &date, std::set<CivilSeconds> &known) {
         const UtcSeconds instant = m_parts.instantOf(date.start);
         const CivilSeconds reading = m_parts.zone().toCivil(instant);
-        if (instant >= m_window.to)
-            noteDue(instant);
         if (!known.insert(reading).second)
             return;
         EventLength length = m_parts.length();
@@ -153,13 +149,13 @@ private:
         const EventLength length(component, m_clock);
         place(component, start,
               length.endOf(component.start.civil, start, m_clock.zoneOf(component.start)));
-        if (start >= m_window.to)
-            noteDue(start);
     }
 
     void place(const EventComponent &component, UtcSeconds start, UtcSeconds end) {
         if (m_window.overlaps(start, end))
             m_expansion.occurrences.push_back({start, end, &component});
+        else if (start >= m_window.to)
+            noteDue(start);
     }
 
     void noteDue(UtcSeconds due) { m_expansion.due = std::min(m_expansion.due, due); }

@@ -4,6 +4,7 @@
 #include <linux/eventstore/FolderChanges.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 
@@ -101,10 +102,16 @@ TEST_F(LiveStore, SeesAFileThatIsReplacedByRenaming) {
     EXPECT_THAT(titles(*live), ElementsAre("second"));
 }
 
-TEST_F(LiveStore, SeesAFileThatIsWrittenInPlaceWithTheSameLength) {
+TEST_F(LiveStore, SeesAFileThatIsWrittenInPlaceWithTheSameLengthAndTime) {
     files.write(QStringLiteral("work/a.ics"), oneEvent("first"));
     begin({QStringLiteral("work")});
-    files.write(QStringLiteral("work/a.ics"), oneEvent("other"));
+    QFile file(files.path(QStringLiteral("work/a.ics")));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QDateTime time = file.fileTime(QFileDevice::FileModificationTime);
+    file.write(oneEvent("other"));
+    file.flush();
+    ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
+    file.close();
     settleChange();
     EXPECT_THAT(titles(*live), ElementsAre("other"));
 }

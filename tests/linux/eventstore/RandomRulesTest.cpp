@@ -1,20 +1,14 @@
 #include "RandomRule.h"
+#include "Seed.h"
 
 #include <linux/eventstore/RuleReadings.h>
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace vantrel {
 namespace {
 
 using namespace tests;
-
-unsigned seed() {
-    const char *const given = std::getenv("VANTREL_SEED");
-    return given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : 20260302U;
-}
 
 /// Every rule is asked for a stretch that begins before, at or far behind its start.
 TEST(RandomRules, AgreeWithAModelThatLooksAtEveryDay) {
