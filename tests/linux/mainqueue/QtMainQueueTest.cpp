@@ -178,13 +178,17 @@ TEST_F(QtMainQueueTest, LetsWorkDropItsOwnHandle) {
 
 TEST_F(QtMainQueueTest, LetsWorkReplaceItsOwnHandleByItsSuccessor) {
     ScheduledWork handle;
+    QEventLoop loop;
     std::function<void()> step = [&] {
         log += 'x';
         if (log.size() < 4)
             handle = queue.after(Seconds{0.001}, step);
+        else
+            loop.quit();
     };
     handle = queue.after(Seconds{0.001}, step);
-    runFor(Seconds{0.03});
+    loop.exec();
+    runOneTurn();
     EXPECT_EQ(log, "xxxx");
 }
 

@@ -21,7 +21,10 @@ TEST_P(ShieldStackTest, CoversADockAndAFullScreenWindowThatWereThereBefore) {
     EXPECT_TRUE(waitUntil([this] { return areBothCovered(); }));
 }
 
-TEST_P(ShieldStackTest, CoversThePanelOfADesktop) {
+/// A real dock, which shows itself only beside a window manager.
+class ShieldDockTest : public ShieldingPanelsTest {};
+
+TEST_P(ShieldDockTest, CoversIt) {
     ChildProcess dock({"tint2"});
     ASSERT_TRUE(waitUntil([this] { return program().showsWindowOfClass("tint2"); }));
     showPanels();
@@ -220,6 +223,8 @@ TEST(ShieldContestTest, EndsAfterAWhile) {
 
 } // namespace
 
+INSTANTIATE_TEST_SUITE_P(WindowManager, ShieldDockTest, testing::Values("openbox", "xfwm4"),
+                         nameOfManager);
 VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldStackTest);
 VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldStackLatecomerTest);
 VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldLockerTest);
