@@ -19,8 +19,8 @@ constexpr double largestText = 32.0;
 /// Debian's Quicksand keeps its medium weight in a family of its own; asked for the medium weight
 /// of "Quicksand", Qt draws the regular one.
 QString roundedFamily(int weight) {
-    const QString family = QStringLiteral("Quicksand");
-    const QString medium = QStringLiteral("Quicksand Medium");
+    QString family = QStringLiteral("Quicksand");
+    QString medium = QStringLiteral("Quicksand Medium");
     if (weight == QFont::Medium && QFontDatabase::hasFamily(medium))
         return medium;
     return QFontDatabase::hasFamily(family) ? family : QString();
