@@ -1,9 +1,10 @@
 #include "CalendarCatalog.h"
 
-#include "CalendarColors.h"
-#include "ComponentReader.h"
 #include "SharedSeries.h"
-#include "StoreLog.h"
+
+#include <linux/eventstore/ical/ComponentReader.h>
+#include <linux/eventstore/source/CalendarColors.h>
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <algorithm>
 #include <numeric>

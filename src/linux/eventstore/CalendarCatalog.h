@@ -1,11 +1,12 @@
 #pragma once
 
 #include "CalendarOccurrences.h"
-#include "CalendarText.h"
-#include "ComponentSource.h"
-#include "ComponentsByUid.h"
 #include "ItemList.h"
-#include "SeriesReader.h"
+
+#include <linux/eventstore/ical/CalendarText.h>
+#include <linux/eventstore/ical/ComponentsByUid.h>
+#include <linux/eventstore/ical/SeriesReader.h>
+#include <linux/eventstore/source/ComponentSource.h>
 
 #include <QStringList>
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "ShownSeries.h"
-
+#include <linux/eventstore/ical/ShownSeries.h>
 #include <platform/EventStore.h>
 
 #include <functional>

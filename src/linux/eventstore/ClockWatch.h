@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FolderWatch.h"
+#include <linux/eventstore/files/FolderWatch.h>
 
 #include <QSocketNotifier>
 

@@ -1,6 +1,6 @@
 #include "EventIndex.h"
 
-#include "EventIdentifier.h"
+#include <linux/eventstore/ical/EventIdentifier.h>
 
 #include <algorithm>
 #include <utility>

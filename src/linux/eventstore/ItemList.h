@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ComponentSource.h"
+#include <linux/eventstore/source/ComponentSource.h>
 
 #include <cstdint>
 #include <vector>

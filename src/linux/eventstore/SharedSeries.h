@@ -1,9 +1,10 @@
 #pragma once
 
-#include "CalendarText.h"
-#include "ComponentsByUid.h"
 #include "ItemList.h"
-#include "SeriesReader.h"
+
+#include <linux/eventstore/ical/CalendarText.h>
+#include <linux/eventstore/ical/ComponentsByUid.h>
+#include <linux/eventstore/ical/SeriesReader.h>
 
 #include <functional>
 #include <map>

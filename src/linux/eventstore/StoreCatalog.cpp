@@ -1,6 +1,6 @@
 #include "StoreCatalog.h"
 
-#include "StoreLog.h"
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <set>
 #include <utility>

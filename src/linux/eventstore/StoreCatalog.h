@@ -1,9 +1,10 @@
 #pragma once
 
 #include "CalendarCatalog.h"
-#include "ComponentSource.h"
 #include "EventIndex.h"
-#include "ZoneRegistry.h"
+
+#include <linux/eventstore/ical/ZoneRegistry.h>
+#include <linux/eventstore/source/ComponentSource.h>
 
 #include <QStringList>
 #include <QTimeZone>

@@ -1,6 +1,6 @@
 #include "StoreConfiguration.h"
 
-#include "StoreLog.h"
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <QDir>
 #include <QFile>

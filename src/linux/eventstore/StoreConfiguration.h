@@ -1,7 +1,6 @@
 #pragma once
 
-#include "FolderSource.h"
-
+#include <linux/eventstore/folders/FolderSource.h>
 #include <platform/Time.h>
 
 #include <QString>

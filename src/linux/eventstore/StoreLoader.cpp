@@ -1,7 +1,8 @@
 #include "StoreLoader.h"
 
-#include "FolderSource.h"
 #include "StoreCatalog.h"
+
+#include <linux/eventstore/folders/FolderSource.h>
 
 #include <QMetaObject>
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ClockWatch.h"
-#include "ComponentSource.h"
 #include "EventIndex.h"
 #include "StoreConfiguration.h"
-#include "Window.h"
 
+#include <linux/eventstore/ical/Window.h>
+#include <linux/eventstore/source/ComponentSource.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 

@@ -1,7 +1,7 @@
 #include "StoreFixture.h"
 
 #include <linux/eventstore/ClockWatch.h>
-#include <linux/eventstore/FolderChanges.h>
+#include <linux/eventstore/folders/FolderChanges.h>
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,6 +1,6 @@
 #include "FolderChanges.h"
 
-#include "StoreLog.h"
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <QFile>
 #include <QMetaObject>

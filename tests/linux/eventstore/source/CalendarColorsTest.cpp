@@ -1,4 +1,4 @@
-#include <linux/eventstore/CalendarColors.h>
+#include <linux/eventstore/source/CalendarColors.h>
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <linux/eventstore/ical/Window.h>
 #include <platform/EventStore.h>
 #include <platform/Published.h>
+#include <platform/Time.h>
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <optional>
@@ -36,18 +39,30 @@ struct SourceCalendar {
     bool hasChanges = true;
     /// Items to read again although their version is as before.
     std::vector<QByteArray> rewrittenItems;
+    /// The user's own on this calendar, beside those that are theirs everywhere: lower case,
+    /// without "mailto:".
+    QStringList addresses;
 };
 
 /// A place that calendars come from. It hands out iCalendar texts and does no calendar arithmetic.
 ///
-/// `start` and `changed` belong to the main thread. The questions are asked on another thread, one
-/// at a time, and may wait for a disk or a service.
+/// `setWindow`, `start` and `changed` belong to the main thread. The questions are asked on another
+/// thread, one at a time. They may wait for a disk, but not for a service: what a service has not
+/// delivered yet is not there yet, and `changed` is announced once it is.
 class ComponentSource {
 public:
     virtual ~ComponentSource() = default;
 
-    /// From here on changes are announced.
+    /// The stretch of time that answers have to cover; what lies outside may be left out. Called
+    /// before `start` and whenever it moves.
+    virtual void setWindow(Window /*window*/) {}
+
+    /// From here on changes are announced. Nothing is read before.
     virtual void start() = 0;
+
+    /// Blocks until all that is there has been delivered once, but not longer than that; for a
+    /// question that is asked once. After `start`, on any thread.
+    virtual void waitUntilDelivered(Seconds /*limit*/) {}
 
     /// Announced after an answer may have changed.
     Announcer<> changed;

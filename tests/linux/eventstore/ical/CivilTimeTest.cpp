@@ -1,4 +1,4 @@
-#include <linux/eventstore/CivilTime.h>
+#include <linux/eventstore/ical/CivilTime.h>
 
 #include <QByteArray>
 

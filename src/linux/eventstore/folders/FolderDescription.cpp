@@ -1,7 +1,7 @@
 #include "FolderDescription.h"
 
-#include "CalendarColors.h"
-#include "Files.h"
+#include <linux/eventstore/files/Files.h>
+#include <linux/eventstore/source/CalendarColors.h>
 
 #include <QCryptographicHash>
 #include <QFile>

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Problems.h"
-
+#include <linux/eventstore/ical/Problems.h>
 #include <platform/Log.h>
 
 namespace vantrel {

@@ -1,7 +1,7 @@
 #include "CalendarFiles.h"
 #include "ExpandedText.h"
 
-#include <linux/eventstore/Zone.h>
+#include <linux/eventstore/ical/Zone.h>
 
 #include <gmock/gmock.h>
 

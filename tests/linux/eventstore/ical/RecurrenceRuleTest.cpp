@@ -1,4 +1,4 @@
-#include <linux/eventstore/RecurrenceRule.h>
+#include <linux/eventstore/ical/RecurrenceRule.h>
 
 #include <QByteArray>
 

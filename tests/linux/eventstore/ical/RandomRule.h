@@ -1,6 +1,6 @@
 #pragma once
 
-#include <linux/eventstore/CivilTime.h>
+#include <linux/eventstore/ical/CivilTime.h>
 
 #include <QByteArray>
 

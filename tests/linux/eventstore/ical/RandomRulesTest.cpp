@@ -1,7 +1,7 @@
 #include "RandomRule.h"
 #include "Seed.h"
 
-#include <linux/eventstore/RuleReadings.h>
+#include <linux/eventstore/ical/RuleReadings.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include <linux/eventstore/ContentLines.h>
+#include <linux/eventstore/ical/ContentLines.h>
 
 #include <QString>
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "ComponentSource.h"
-#include "Files.h"
 #include "FolderChanges.h"
+
+#include <linux/eventstore/files/Files.h>
+#include <linux/eventstore/source/ComponentSource.h>
 
 #include <QHash>
 #include <QString>

@@ -1,7 +1,8 @@
 #include "FolderSource.h"
 
 #include "FolderDescription.h"
-#include "StoreLog.h"
+
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <QFile>
 

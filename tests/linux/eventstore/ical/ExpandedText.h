@@ -1,11 +1,11 @@
 #pragma once
 
 #include <fakes/Times.h>
-#include <linux/eventstore/ComponentReader.h>
-#include <linux/eventstore/ComponentsByUid.h>
-#include <linux/eventstore/EventTexts.h>
-#include <linux/eventstore/SeriesExpander.h>
-#include <linux/eventstore/ZoneRegistry.h>
+#include <linux/eventstore/ical/ComponentReader.h>
+#include <linux/eventstore/ical/ComponentsByUid.h>
+#include <linux/eventstore/ical/EventTexts.h>
+#include <linux/eventstore/ical/SeriesExpander.h>
+#include <linux/eventstore/ical/ZoneRegistry.h>
 
 #include <algorithm>
 #include <string>

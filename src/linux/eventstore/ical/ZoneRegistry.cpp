@@ -1,7 +1,8 @@
 #include "ZoneRegistry.h"
 
-#include "Files.h"
 #include "ZoneRules.h"
+
+#include <linux/eventstore/files/Files.h>
 
 #include <algorithm>
 #include <optional>
