@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -69,11 +70,32 @@ struct StoreEvent {
     bool hasRecurrenceRules = false;
 };
 
+/// What the user, or a policy of the machine, lets the program do with the calendars.
+enum class StoreAuthorization {
+    notDetermined = 0, ///< Nobody has been asked.
+    restricted = 1,    ///< A policy bars it; the user cannot allow it.
+    denied = 2,
+    fullAccess = 3,
+    writeOnly = 4
+};
+
 /// The user's calendars, all sources taken together. Answers come from memory: no call waits for
 /// a disk, a bus or a service. Main thread only.
 class EventStore {
 public:
+    /// `error` says why nobody could be asked; `granted` is false then.
+    using AccessCompletion = std::function<void(bool granted, const std::optional<QString> &error)>;
+
     virtual ~EventStore() = default;
+
+    /// Without `fullAccess` the store has read nothing, and every other answer is empty. Asks
+    /// nobody.
+    [[nodiscard]] virtual StoreAuthorization authorizationStatus() const = 0;
+
+    /// Asks the user for full access, again if they refused before. `completion` is called once,
+    /// on the main thread, not before this returns; never when the store is destroyed earlier.
+    /// Where access is granted the calendars follow with `changed`, at the latest then.
+    virtual void requestFullAccessToEvents(AccessCompletion completion) = 0;
 
     /// Every event calendar, in an order that stays the same while the set does.
     [[nodiscard]] virtual std::vector<StoreCalendar> calendars() const = 0;

@@ -12,6 +12,10 @@ bool overlaps(const StoreEvent &event, Instant from, Instant to) {
 
 } // namespace
 
+void FakeEventStore::requestFullAccessToEvents(AccessCompletion completion) {
+    accessRequests.push_back(std::move(completion));
+}
+
 std::vector<StoreCalendar> FakeEventStore::calendars() const {
     ++fetchCount;
     return storedCalendars;

@@ -17,6 +17,12 @@ public:
     std::vector<StoreEvent> storedEvents; ///< `calendar` set; any order.
     mutable int fetchCount = 0;           ///< Calls of `calendars` and `events`.
 
+    StoreAuthorization authorization = StoreAuthorization::fullAccess;
+    std::vector<AccessCompletion> accessRequests; ///< Not answered by the store itself.
+
+    [[nodiscard]] StoreAuthorization authorizationStatus() const override { return authorization; }
+    void requestFullAccessToEvents(AccessCompletion completion) override;
+
     [[nodiscard]] std::vector<StoreCalendar> calendars() const override;
     [[nodiscard]] std::vector<StoreEvent>
     events(Instant from, Instant to,

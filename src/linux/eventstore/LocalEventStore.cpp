@@ -23,6 +23,16 @@ void LocalEventStore::loadNow() {
     m_loader->loadNow();
 }
 
+StoreAuthorization LocalEventStore::authorizationStatus() const {
+    return StoreAuthorization::fullAccess;
+}
+
+void LocalEventStore::requestFullAccessToEvents(AccessCompletion completion) {
+    QMetaObject::invokeMethod(
+        &m_receiver, [completion = std::move(completion)] { completion(true, {}); },
+        Qt::QueuedConnection);
+}
+
 std::vector<StoreCalendar> LocalEventStore::calendars() const {
     return m_index.calendars();
 }

@@ -7,6 +7,8 @@
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 
+#include <QObject>
+
 #include <memory>
 #include <vector>
 
@@ -37,6 +39,8 @@ public:
     /// Whether everything has been read once. `changed` is announced when that becomes so.
     [[nodiscard]] bool isLoaded() const { return m_isLoaded; }
 
+    [[nodiscard]] StoreAuthorization authorizationStatus() const override;
+    void requestFullAccessToEvents(AccessCompletion completion) override;
     [[nodiscard]] std::vector<StoreCalendar> calendars() const override;
     [[nodiscard]] std::vector<StoreEvent>
     events(Instant from, Instant to,
@@ -50,6 +54,7 @@ private:
     MainQueue &m_queue;
     EventIndex m_index;
     bool m_isLoaded = false;
+    QObject m_receiver; ///< Messages to it are dropped once it is gone.
     std::unique_ptr<StoreLoader> m_loader;
 };
 
