@@ -100,6 +100,15 @@ public:
     /// Every event calendar, in an order that stays the same while the set does.
     [[nodiscard]] virtual std::vector<StoreCalendar> calendars() const = 0;
 
+    /// Whether `calendars` holds all that there are. False while a source has not been heard yet or
+    /// cannot be reached: more may come without anybody adding one.
+    [[nodiscard]] virtual bool hasAllCalendars() const = 0;
+
+    /// Whether that calendar has been deleted: the source that it belongs to was heard and no
+    /// longer holds it. False as long as it may come back by itself, its source being out of reach
+    /// or not known on this machine.
+    [[nodiscard]] virtual bool isCalendarDeleted(const QString &calendarIdentifier) const = 0;
+
     /// The occurrences on the named calendars (by `calendarIdentifier`; unknown ones are ignored)
     /// that overlap the interval from `from` to `to`, by start; equal starts in a stable order.
     /// An occurrence overlaps when it starts before `to` and ends after `from`; one without length

@@ -18,13 +18,27 @@ void FakeEventStore::requestFullAccessToEvents(AccessCompletion completion) {
 
 std::vector<StoreCalendar> FakeEventStore::calendars() const {
     ++fetchCount;
-    return storedCalendars;
+    return isReadable() ? storedCalendars : std::vector<StoreCalendar>();
+}
+
+bool FakeEventStore::hasAllCalendars() const {
+    return isReadable() && isComplete;
+}
+
+bool FakeEventStore::isCalendarDeleted(const QString &calendarIdentifier) const {
+    return isReadable() && !outOfReach.contains(calendarIdentifier) &&
+           std::none_of(storedCalendars.begin(), storedCalendars.end(),
+                        [&calendarIdentifier](const StoreCalendar &calendar) {
+                            return calendar.calendarIdentifier == calendarIdentifier;
+                        });
 }
 
 std::vector<StoreEvent>
 FakeEventStore::events(Instant from, Instant to,
                        const std::vector<QString> &calendarIdentifiers) const {
     ++fetchCount;
+    if (!isReadable())
+        return {};
     std::vector<StoreEvent> found;
     for (const StoreEvent &event : storedEvents) {
         const bool isNamed =
@@ -39,6 +53,8 @@ FakeEventStore::events(Instant from, Instant to,
 
 std::optional<StoreEvent>
 FakeEventStore::eventWithIdentifier(const QString &eventIdentifier) const {
+    if (!isReadable())
+        return std::nullopt;
     const Instant now = m_now();
     const StoreEvent *next = nullptr;
     const StoreEvent *last = nullptr;
@@ -55,6 +71,10 @@ FakeEventStore::eventWithIdentifier(const QString &eventIdentifier) const {
     if (next)
         return *next;
     return last ? std::optional(*last) : std::nullopt;
+}
+
+bool FakeEventStore::isReadable() const {
+    return authorization == StoreAuthorization::fullAccess;
 }
 
 } // namespace vantrel::fakes

@@ -10,18 +10,34 @@ namespace vantrel {
 void EventIndex::replace(Calendars calendars) {
     m_calendars = std::move(calendars);
     m_byEscapedIdentifier.clear();
-    for (std::size_t index = 0; index < m_calendars.size(); ++index) {
-        const QString &identifier = m_calendars[index]->calendar().calendarIdentifier;
+    for (std::size_t index = 0; index < m_calendars.list.size(); ++index) {
+        const QString &identifier = m_calendars.list[index]->calendar().calendarIdentifier;
         m_byEscapedIdentifier.insert(escapedPiece(identifier), index);
     }
 }
 
 std::vector<StoreCalendar> EventIndex::calendars() const {
     std::vector<StoreCalendar> calendars;
-    calendars.reserve(m_calendars.size());
-    for (const auto &calendar : m_calendars)
+    calendars.reserve(m_calendars.list.size());
+    for (const auto &calendar : m_calendars.list)
         calendars.push_back(calendar->calendar());
     return calendars;
+}
+
+bool EventIndex::hasAllCalendars() const {
+    return !m_calendars.knowledge.empty() &&
+           std::all_of(m_calendars.knowledge.begin(), m_calendars.knowledge.end(),
+                       [](const SourceKnowledge &source) { return source.isComplete; });
+}
+
+bool EventIndex::isCalendarDeleted(const QString &calendarIdentifier) const {
+    if (m_byEscapedIdentifier.contains(escapedPiece(calendarIdentifier)))
+        return false;
+    return std::any_of(m_calendars.knowledge.begin(), m_calendars.knowledge.end(),
+                       [&calendarIdentifier](const SourceKnowledge &source) {
+                           return !source.exhaustedPrefix.isEmpty() &&
+                                  calendarIdentifier.startsWith(source.exhaustedPrefix);
+                       });
 }
 
 std::vector<StoreEvent> EventIndex::events(Instant from, Instant to,
@@ -33,7 +49,7 @@ std::vector<StoreEvent> EventIndex::events(Instant from, Instant to,
     std::vector<Found> found;
     std::vector<const CalendarOccurrences::Slot *> slots;
     std::size_t calendarCount = 0;
-    for (const auto &calendar : m_calendars) {
+    for (const auto &calendar : m_calendars.list) {
         const QString &identifier = calendar->calendar().calendarIdentifier;
         if (std::find(calendarIdentifiers.begin(), calendarIdentifiers.end(), identifier) ==
             calendarIdentifiers.end())
@@ -63,7 +79,7 @@ std::optional<StoreEvent> EventIndex::eventWithIdentifier(const QString &eventId
     const auto index = m_byEscapedIdentifier.constFind(calendar);
     if (index == m_byEscapedIdentifier.constEnd())
         return std::nullopt;
-    const CalendarOccurrences &occurrences = *m_calendars[*index];
+    const CalendarOccurrences &occurrences = *m_calendars.list[*index];
     const auto *slot = occurrences.nearest(eventIdentifier, now);
     return slot ? std::optional(occurrences.eventAt(*slot)) : std::nullopt;
 }

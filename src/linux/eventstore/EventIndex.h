@@ -2,6 +2,8 @@
 
 #include "CalendarOccurrences.h"
 
+#include <linux/eventstore/source/ComponentSource.h>
+
 #include <QHash>
 #include <QString>
 
@@ -14,12 +16,21 @@ namespace vantrel {
 /// Answers every question about the calendars from memory. Main thread only.
 class EventIndex {
 public:
-    using Calendars = std::vector<std::shared_ptr<const CalendarOccurrences>>;
+    /// All calendars of all sources, and what each of these can tell beyond them.
+    struct Calendars {
+        std::vector<std::shared_ptr<const CalendarOccurrences>> list;
+        std::vector<SourceKnowledge> knowledge;
+    };
 
     /// Takes the place of all that was held before. The order of the calendars is kept.
     void replace(Calendars calendars);
 
     [[nodiscard]] std::vector<StoreCalendar> calendars() const;
+
+    /// False as long as nothing is held.
+    [[nodiscard]] bool hasAllCalendars() const;
+
+    [[nodiscard]] bool isCalendarDeleted(const QString &calendarIdentifier) const;
 
     [[nodiscard]] std::vector<StoreEvent>
     events(Instant from, Instant to, const std::vector<QString> &calendarIdentifiers) const;

@@ -42,6 +42,10 @@ public:
     [[nodiscard]] StoreAuthorization authorizationStatus() const override;
     void requestFullAccessToEvents(AccessCompletion completion) override;
     [[nodiscard]] std::vector<StoreCalendar> calendars() const override;
+    [[nodiscard]] bool hasAllCalendars() const override { return m_index.hasAllCalendars(); }
+    [[nodiscard]] bool isCalendarDeleted(const QString &calendarIdentifier) const override {
+        return m_index.isCalendarDeleted(calendarIdentifier);
+    }
     [[nodiscard]] std::vector<StoreEvent>
     events(Instant from, Instant to,
            const std::vector<QString> &calendarIdentifiers) const override;

@@ -38,10 +38,12 @@ std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QT
             if (isChanged)
                 known.occurrences = known.catalog.occurrences();
             isDifferent = isDifferent || isChanged;
-            answers.push_back(known.occurrences);
+            answers.list.push_back(known.occurrences);
         }
+        answers.knowledge.push_back(source->knowledge());
     }
-    isDifferent = isDifferent || order != m_order;
+    isDifferent = isDifferent || order != m_order || answers.knowledge != m_knowledge;
+    m_knowledge = answers.knowledge;
     const std::set<QString> present(order.begin(), order.end());
     std::erase_if(m_known, [&present](const auto &one) { return !present.contains(one.first); });
     m_order = std::move(order);

@@ -41,6 +41,7 @@ private:
     ZoneRegistry m_zones;
     std::map<QString, Known> m_known; ///< By calendar identifier.
     std::vector<QString> m_order;
+    std::vector<SourceKnowledge> m_knowledge;
     Window m_window;
     QTimeZone m_userZone;
     std::atomic<bool> m_isStopping = false;

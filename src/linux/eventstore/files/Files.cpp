@@ -86,6 +86,19 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail, 
     return entries;
 }
 
+bool hasBrokenLink(const QByteArray &folder) {
+    const std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir(folder.constData()),
+                                                         &::closedir);
+    while (const dirent *one = directory ? ::readdir(directory.get()) : nullptr) {
+        struct stat found = {};
+        const bool mayBeLink = one->d_type == DT_LNK || one->d_type == DT_UNKNOWN;
+        if (one->d_name[0] != '.' && mayBeLink &&
+            ::fstatat(::dirfd(directory.get()), one->d_name, &found, 0) != 0)
+            return true;
+    }
+    return false;
+}
+
 std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit, int &error) {
     const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat found = {};

@@ -41,6 +41,10 @@ struct Status {
 [[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail,
                                                      int &error);
 
+/// Whether a name in a folder leads to nothing that can be looked at: a symbolic link whose target
+/// is missing, or is out of reach.
+[[nodiscard]] bool hasBrokenLink(const QByteArray &folder);
+
 /// What a regular file holds, at most `limit` bytes of it. Empty when it cannot be read; `error`
 /// is then the system's number for why. Never waits for a writer, as a pipe would.
 [[nodiscard]] std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit,

@@ -39,7 +39,11 @@ bool hasCalendarSuffix(const QByteArray &name) {
 
 QString identifierOfPath(const QByteArray &path) {
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha1);
-    return QStringLiteral("folder-") + QString::fromLatin1(hash.toHex().left(16));
+    return identifierPrefix() + QString::fromLatin1(hash.toHex().left(16));
+}
+
+QString identifierPrefix() {
+    return QStringLiteral("folder-");
 }
 
 StoreCalendar describeFolder(const QByteArray &path) {

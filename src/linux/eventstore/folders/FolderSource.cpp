@@ -21,6 +21,13 @@ bool isItem(const files::Entry &entry) {
     return !entry.isFolder && hasCalendarSuffix(entry.name);
 }
 
+/// What was a calendar looks like that as long as nothing is mounted there.
+bool isEmptyOrUnreadable(const QByteArray &folder) {
+    int error = 0;
+    const auto entries = files::list(folder, files::Detail::kind, error);
+    return !entries || entries->empty();
+}
+
 /// Whether something happened to the calendar that lies there.
 bool isTouched(const FolderChanges::Changes &changes, const QByteArray &folder,
                const std::set<QByteArray> &linkedFiles) {
@@ -41,6 +48,8 @@ std::vector<SourceCalendar> FolderSource::calendars() {
         lookAt(root, round);
     m_changes.endRound();
     m_places = std::move(round.places);
+    const bool isExhausted = round.isComplete && round.isCertain;
+    m_knowledge = {round.isComplete, isExhausted ? identifierPrefix() : QString()};
     return std::move(round.calendars);
 }
 
@@ -56,13 +65,13 @@ void FolderSource::lookAt(const FolderRoot &root, Round &round) {
     case files::Kind::file:
         return addCalendar(source, path, true, round);
     case files::Kind::missing:
-        if (!root.isCalendarHome)
-            noteTrouble(path, ENOENT, "no calendars");
-        return;
+        // Nobody need have a home for calendars, but one that is gone may come back.
+        round.isCertain = false;
+        return root.isCalendarHome ? void() : passOver(path, ENOENT, "no calendars", round);
     case files::Kind::other:
-        return noteTrouble(path, EINVAL, "no calendars");
+        return passOver(path, EINVAL, "no calendars", round);
     case files::Kind::unreadable:
-        return noteTrouble(path, EACCES, "no calendars");
+        return passOver(path, EACCES, "no calendars", round);
     }
 }
 
@@ -74,8 +83,14 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
     int error = 0;
     auto entries = files::list(path, files::Detail::kind, error);
     if (!entries)
-        return noteTrouble(path, error, "folder not read");
+        return passOver(path, error, "folder not read", round);
     m_troubles.remove(path);
+    if (entries->empty()) {
+        round.isCertain = false;
+        round.isComplete = round.isComplete && isCalendarHome;
+    }
+    if (files::hasBrokenLink(path))
+        round.isComplete = false;
     std::sort(entries->begin(), entries->end(),
               [](const auto &left, const auto &right) { return left.name < right.name; });
     const bool hasItems = std::any_of(entries->begin(), entries->end(), isItem);
@@ -85,9 +100,18 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
         addCalendar(source, path, false, round);
     for (const files::Entry &entry : *entries) {
         const QByteArray inner = path + '/' + entry.name;
-        if (entry.isFolder && (isCalendarHome || !hasItems || looksLikeCalendar(inner)))
+        if (!entry.isFolder)
+            continue;
+        if (isCalendarHome || !hasItems || looksLikeCalendar(inner))
             addCalendar(source, inner, false, round);
+        else if (isEmptyOrUnreadable(inner))
+            round.isCertain = false;
     }
+}
+
+void FolderSource::passOver(const QByteArray &path, int error, const char *what, Round &round) {
+    round.isComplete = false;
+    noteTrouble(path, error, what);
 }
 
 void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path, bool isFile,

@@ -33,6 +33,7 @@ public:
 
     void start() override { m_changes.start(); }
     [[nodiscard]] std::vector<SourceCalendar> calendars() override;
+    [[nodiscard]] SourceKnowledge knowledge() const override { return m_knowledge; }
     [[nodiscard]] std::optional<std::vector<SourceItem>>
     items(const QString &calendarIdentifier) override;
     [[nodiscard]] std::optional<QByteArray> text(const QString &calendarIdentifier,
@@ -59,12 +60,17 @@ private:
         std::set<std::pair<std::uint64_t, std::uint64_t>> seen; ///< Device and inode.
         std::vector<SourceCalendar> calendars;
         QHash<QString, Place> places; ///< By calendar identifier.
+        /// Nothing that was named, or linked to, is missing or cannot be read.
+        bool isComplete = true;
+        /// Nothing looks like a place where something is to be mounted, either.
+        bool isCertain = true;
     };
 
     void lookAt(const FolderRoot &root, Round &round);
     void lookAtFolder(const QByteArray &path, const StoreSource &source, bool isCalendarHome,
                       Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
+    void passOver(const QByteArray &path, int error, const char *what, Round &round);
     void watchForPath(const QByteArray &path);
     void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
@@ -73,7 +79,8 @@ private:
     FolderChanges m_changes;
 
     // Of the thread that asks.
-    QHash<QString, Place> m_places;    ///< By calendar identifier.
+    QHash<QString, Place> m_places; ///< By calendar identifier.
+    SourceKnowledge m_knowledge;
     QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.
 };
 

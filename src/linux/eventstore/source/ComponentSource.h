@@ -44,6 +44,20 @@ struct SourceCalendar {
     QStringList addresses;
 };
 
+/// What a source can tell about calendars that it does not list.
+struct SourceKnowledge {
+    /// Everything it has is listed. False while it has not been heard, or not in full: calendars
+    /// may still come without anybody adding one.
+    bool isComplete = false;
+
+    /// How the identifiers of its calendars begin, where it is certain that each of them is listed
+    /// and any other was deleted. Empty as long as one may just be out of reach: what counts as
+    /// deleted drops out of the user's selection for good, and its meetings are missed.
+    QString exhaustedPrefix;
+
+    bool operator==(const SourceKnowledge &) const = default;
+};
+
 /// A place that calendars come from. It hands out iCalendar texts and does no calendar arithmetic.
 ///
 /// `setWindow`, `start` and `changed` belong to the main thread. The questions are asked on another
@@ -69,6 +83,9 @@ public:
 
     /// The calendars as they are, in an order that stays the same while the set does.
     [[nodiscard]] virtual std::vector<SourceCalendar> calendars() = 0;
+
+    /// What can be told beyond the list that was last answered. Nothing, unless a source says more.
+    [[nodiscard]] virtual SourceKnowledge knowledge() const { return {}; }
 
     /// The items of one of those calendars, in any order. Empty when they cannot be had; `changed`
     /// is then announced later, for another try, and so it is for a text.
