@@ -8,29 +8,33 @@ constexpr Seconds quietTimeAfterChanges{0.5};
 
 } // namespace
 
-AppCoordinator::AppCoordinator(PreferencesStore &preferences, const AppServices &services,
-                               const QString &rescueLogFile)
-    : m_preferences(preferences),
-      m_services(services),
-      m_query(services.store),
+AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &calendarAccess,
+                               const AppServices &services, const QString &rescueLogFile)
+    : m_calendarAccess(calendarAccess),
+      m_calendarRepository(calendarAccess.store(), services.currentCalendar),
+      m_calendarAccessStatus(calendarAccess.currentStatus()),
+      m_calendarSelection(preferences, services.defaults, calendarAccess.store(),
+                          m_calendarRepository),
+      m_query(calendarAccess.store()),
       m_takeoverWindowController(services.queue, services.screenLayout, services.panels),
       m_rescueLog(
           RescueLogStore(rescueLogFile), [&queue = services.queue] { return queue.now(); },
           services.currentCalendar),
-      m_takeoverTriggerScheduler(services.store, m_query, preferences, m_copyProvider,
+      m_takeoverTriggerScheduler(calendarAccess.store(), m_query, preferences, m_copyProvider,
                                  m_takeoverWindowController, m_rescueLog, services.queue,
                                  services.currentCalendar, services.workspace),
-      m_calendarChangeMonitor(services.store, quietTimeAfterChanges, services.queue,
-                              [this] { handleCalendarStoreChanged(); }) {}
+      m_calendarChangeMonitor(calendarAccess.store(), quietTimeAfterChanges, services.queue,
+                              [this] { handleCalendarStoreChanged(); }),
+      m_calendarSnapshot(m_calendarRepository.currentSnapshot()) {}
 
 void AppCoordinator::start() {
     m_calendarChangeMonitor.start();
     m_takeoverTriggerScheduler.start();
-    selectDefaultCalendars();
-}
-
-bool AppCoordinator::hasSelection(const UserDefaults &defaults) {
-    return defaults.hasObject(QStringLiteral("Vantrel.selectedCalendarIDs"));
+    if (calendarAccessStatus() == CalendarAccess::Status::fullAccess)
+        m_calendarSelection.chooseDefault();
+    // Without an answer the program has nothing to do, and no window asks for one before this.
+    if (calendarAccessStatus() == CalendarAccess::Status::notDetermined)
+        requestCalendarAccess();
 }
 
 void AppCoordinator::stop() {
@@ -40,26 +44,29 @@ void AppCoordinator::stop() {
 }
 
 void AppCoordinator::handleCalendarStoreChanged() {
-    selectDefaultCalendars();
+    const bool hadAccess = calendarAccessStatus() == CalendarAccess::Status::fullAccess;
+    m_calendarAccessStatus.set(m_calendarAccess.currentStatus());
+    m_calendarSnapshot.set(m_calendarRepository.currentSnapshot());
+    // Access may have been granted by another way than the request: a policy that was lifted, say.
+    if (!hadAccess && calendarAccessStatus() == CalendarAccess::Status::fullAccess)
+        m_calendarSelection.chooseDefault();
+    m_calendarSelection.follow();
     m_takeoverTriggerScheduler.refresh();
 }
 
-std::set<QString> AppCoordinator::defaultSelection(const EventStore &store) {
-    std::set<QString> ordinary;
-    for (const StoreCalendar &calendar : store.calendars()) {
-        if (calendar.type == StoreCalendarType::local)
-            ordinary.insert(calendar.calendarIdentifier);
-    }
-    return ordinary;
+void AppCoordinator::requestCalendarAccess() {
+    m_calendarAccess.requestFullAccess(
+        [this, life = std::weak_ptr<char>(m_life)](CalendarAccess::Status status) {
+            if (!life.expired())
+                takeAccess(status);
+        });
 }
 
-/// As long as there is no calendar there is nothing to choose from, and no choice is stored.
-void AppCoordinator::selectDefaultCalendars() {
-    if (hasSelection(m_services.defaults))
-        return;
-    const std::set<QString> selection = defaultSelection(m_services.store);
-    if (!selection.empty())
-        m_preferences.setSelectedCalendarIDs(selection);
+void AppCoordinator::takeAccess(CalendarAccess::Status status) {
+    m_calendarAccessStatus.set(status);
+    m_calendarSnapshot.set(m_calendarRepository.currentSnapshot());
+    if (status == CalendarAccess::Status::fullAccess)
+        m_calendarSelection.chooseDefault();
 }
 
 } // namespace vantrel

@@ -85,8 +85,10 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     QtScreenLayout screenLayout(queue);
     QtShieldingPanels panels(queue);
     PreferencesStore preferences(defaults);
+    CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(
-        preferences, {queue, store, defaults, workspace, screenLayout, panels, currentCalendar},
+        preferences, calendarAccess,
+        {queue, defaults, workspace, screenLayout, panels, currentCalendar},
         rescueLogFile(command.profile));
 
     store.start();
@@ -115,8 +117,7 @@ std::set<QString> everyCalendar(const EventStore &store) {
 }
 
 std::set<QString> selectedCalendars(UserDefaults &defaults, const EventStore &store) {
-    return AppCoordinator::hasSelection(defaults) ? PreferencesStore(defaults).selectedCalendarIDs()
-                                                  : AppCoordinator::defaultSelection(store);
+    return CalendarSelection::inForce(defaults, CalendarRepository(store, currentCalendar));
 }
 
 int printAgenda(int &argc, char **argv, const PrintAgenda &command) {

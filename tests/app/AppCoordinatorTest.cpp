@@ -11,12 +11,19 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <memory>
+
 namespace vantrel {
 namespace {
 
 using fakes::at;
 
 const auto selectionKey = QStringLiteral("Vantrel.selectedCalendarIDs");
+
+const auto unfinishedKey = QStringLiteral("Vantrel.unfinishedDefaultCalendarIDs");
+
+using Status = CalendarAccess::Status;
 
 class AppCoordinatorTest : public testing::Test {
 protected:
@@ -27,10 +34,14 @@ protected:
                                  calendar("birthdays", StoreCalendarType::birthday)};
     }
 
-    static StoreCalendar calendar(const char *identifier, StoreCalendarType type) {
+    static StoreCalendar calendar(const char *identifier,
+                                  StoreCalendarType type = StoreCalendarType::local) {
         StoreCalendar calendar;
         calendar.calendarIdentifier = QString::fromLatin1(identifier);
+        calendar.title = calendar.calendarIdentifier;
+        calendar.color = Color{0.1, 0.2, 0.3, 1.0};
         calendar.type = type;
+        calendar.source = {QStringLiteral("source"), QStringLiteral("Source")};
         return calendar;
     }
 
@@ -43,6 +54,49 @@ protected:
         store.storedEvents.push_back(event);
     }
 
+    void remove(const char *identifier) {
+        std::erase_if(store.storedCalendars, [identifier](const StoreCalendar &calendar) {
+            return calendar.calendarIdentifier == QLatin1String(identifier);
+        });
+    }
+
+    /// Lets the coordinator know that the calendars have changed.
+    void announceChange() {
+        store.changed.announce();
+        queue.advance(Seconds{0.5});
+    }
+
+    /// As at a new start of the program on the same settings.
+    void startAgain() {
+        coordinator.reset();
+        preferences = std::make_unique<PreferencesStore>(defaults);
+        start();
+    }
+
+    void start() {
+        coordinator = std::make_unique<AppCoordinator>(
+            *preferences, access,
+            AppServices{queue, defaults, workspace, screens, panels,
+                        [] { return fakes::calendarIn(); }},
+            folder.filePath(QStringLiteral("rescues.json")));
+        coordinator->start();
+        queue.runDue();
+    }
+
+    void select(const std::set<QString> &identifiers) {
+        preferences->setSelectedCalendarIDs(identifiers);
+    }
+
+    /// The stored selection by identifier; "-" when none is stored.
+    std::string selection() const {
+        const auto stored = defaults.stringArray(selectionKey);
+        return stored ? stored->join(u' ').toStdString() : "-";
+    }
+
+    auto writesOfSelection() const {
+        return std::count(defaults.writes.begin(), defaults.writes.end(), selectionKey);
+    }
+
     QTemporaryDir folder;
     fakes::ManualMainQueue queue{at("2026-03-02T09:00:00")};
     fakes::FakeEventStore store{[this] { return queue.now(); }};
@@ -50,38 +104,299 @@ protected:
     fakes::RecordingWorkspace workspace;
     fakes::FakeScreens screens;
     fakes::RecordingPanels panels;
-    PreferencesStore preferences{defaults};
-    AppCoordinator coordinator{
-        preferences,
-        {queue, store, defaults, workspace, screens, panels, [] { return fakes::calendarIn(); }},
-        folder.filePath(QStringLiteral("rescues.json"))};
+    std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
+    CalendarAccess access{store};
+    std::unique_ptr<AppCoordinator> coordinator;
 };
 
-TEST_F(AppCoordinatorTest, SelectsTheOrdinaryCalendarsWhenTheUserNeverChose) {
-    coordinator.start();
-    EXPECT_EQ(defaults.stringArray(selectionKey), QStringList{QStringLiteral("work")});
+// The default selection
+
+TEST_F(AppCoordinatorTest, SelectsTheOrdinaryCalendarsOnceWhenTheUserNeverChose) {
+    start();
+    EXPECT_EQ(selection(), "work");
+    announceChange();
+    startAgain();
+    EXPECT_EQ(writesOfSelection(), 1);
+    EXPECT_FALSE(defaults.hasObject(unfinishedKey));
 }
 
 TEST_F(AppCoordinatorTest, LeavesASelectionOfNothingAlone) {
-    preferences.setSelectedCalendarIDs({});
-    coordinator.start();
-    EXPECT_EQ(defaults.stringArray(selectionKey), QStringList());
+    select({});
+    start();
+    announceChange();
+    EXPECT_EQ(selection(), "");
+    EXPECT_EQ(writesOfSelection(), 1);
+}
+
+TEST_F(AppCoordinatorTest, AddsNothingToACompleteDefault) {
+    start();
+    store.storedCalendars.push_back(calendar("new"));
+    announceChange();
+    startAgain();
+    EXPECT_EQ(selection(), "work");
 }
 
 TEST_F(AppCoordinatorTest, StoresNoChoiceWhileThereIsNoCalendarToChoose) {
     const auto calendars = std::exchange(store.storedCalendars, {});
-    coordinator.start();
-    EXPECT_FALSE(defaults.hasObject(selectionKey));
-
+    start();
+    announceChange();
+    EXPECT_EQ(selection(), "-");
     store.storedCalendars = calendars;
-    store.changed.announce();
-    queue.advance(Seconds{1});
-    EXPECT_EQ(defaults.stringArray(selectionKey), QStringList{QStringLiteral("work")});
+    announceChange();
+    EXPECT_EQ(selection(), "work");
 }
+
+TEST_F(AppCoordinatorTest, StoresAChoiceOfNothingWhereNothingIsOrdinary) {
+    remove("work");
+    start();
+    EXPECT_EQ(selection(), "");
+}
+
+TEST_F(AppCoordinatorTest, WaitsForAnOrdinaryCalendarWhileMoreMayCome) {
+    remove("work");
+    store.isComplete = false;
+    start();
+    EXPECT_EQ(selection(), "-");
+    store.storedCalendars.push_back(calendar("late"));
+    store.isComplete = true;
+    announceChange();
+    EXPECT_EQ(selection(), "late");
+}
+
+TEST_F(AppCoordinatorTest, WatchesWhatIsThereAtOnceAndAddsWhatASlowSourceBringsLater) {
+    store.isComplete = false;
+    start();
+    EXPECT_EQ(selection(), "work");
+    store.storedCalendars.push_back(calendar("account"));
+    store.storedCalendars.push_back(calendar("fixtures", StoreCalendarType::subscription));
+    announceChange();
+    EXPECT_EQ(selection(), "account work");
+    store.storedCalendars.push_back(calendar("second"));
+    store.isComplete = true;
+    announceChange();
+    EXPECT_EQ(selection(), "account second work");
+    EXPECT_FALSE(defaults.hasObject(unfinishedKey));
+    store.storedCalendars.push_back(calendar("third"));
+    announceChange();
+    EXPECT_EQ(selection(), "account second work");
+}
+
+TEST_F(AppCoordinatorTest, CompletesADefaultAfterANewStart) {
+    store.isComplete = false;
+    start();
+    startAgain();
+    EXPECT_EQ(selection(), "work");
+    store.storedCalendars.push_back(calendar("account"));
+    store.isComplete = true;
+    startAgain();
+    EXPECT_EQ(selection(), "account work");
+    EXPECT_FALSE(defaults.hasObject(unfinishedKey));
+}
+
+TEST_F(AppCoordinatorTest, KeepsWhatIsOutOfReachInAnUnfinishedDefault) {
+    store.storedCalendars.push_back(calendar("usb"));
+    store.isComplete = false;
+    start();
+    remove("usb");
+    store.outOfReach = {QStringLiteral("usb")};
+    store.storedCalendars.push_back(calendar("account"));
+    announceChange();
+    EXPECT_EQ(selection(), "account usb work");
+}
+
+TEST_F(AppCoordinatorTest, DropsADeletedCalendarFromAnUnfinishedDefaultAndGoesOnWithIt) {
+    store.storedCalendars.push_back(calendar("old"));
+    store.isComplete = false;
+    start();
+    remove("old");
+    announceChange();
+    EXPECT_EQ(selection(), "work");
+    store.storedCalendars.push_back(calendar("account"));
+    announceChange();
+    EXPECT_EQ(selection(), "account work");
+}
+
+TEST_F(AppCoordinatorTest, AddsNothingOnceTheUserHasChangedAnUnfinishedDefault) {
+    store.storedCalendars.push_back(calendar("private"));
+    store.isComplete = false;
+    start();
+    preferences->setSelected(QStringLiteral("private"), false);
+    store.storedCalendars.push_back(calendar("account"));
+    announceChange();
+    EXPECT_EQ(selection(), "work");
+    EXPECT_FALSE(defaults.hasObject(unfinishedKey));
+    startAgain();
+    EXPECT_EQ(selection(), "work");
+}
+
+TEST_F(AppCoordinatorTest, SeesThatTheUserChangedAnUnfinishedDefaultBetweenTwoRuns) {
+    store.isComplete = false;
+    start();
+    coordinator.reset();
+    defaults.setStringArray(selectionKey, {});
+    store.storedCalendars.push_back(calendar("account"));
+    startAgain();
+    EXPECT_EQ(selection(), "");
+}
+
+// Calendars that go
+
+TEST_F(AppCoordinatorTest, DropsADeletedCalendarAndPlansWithoutItInTheSamePass) {
+    store.storedCalendars.push_back(calendar("private"));
+    select({QStringLiteral("work"), QStringLiteral("private")});
+    addMeeting("standup", at("2026-03-02T09:00:30"));
+    addMeeting("later", at("2026-03-02T09:10:00"));
+    start();
+    ASSERT_EQ(panels.shown().size(), 1U);
+    remove("work");
+    announceChange();
+    EXPECT_EQ(selection(), "private");
+    EXPECT_EQ(coordinator->calendarSnapshot().groups.at(0).calendars.size(), 3U);
+    queue.advanceTo(at("2026-03-02T09:20:00"));
+    EXPECT_EQ(panels.panels.size(), 1U);
+}
+
+TEST_F(AppCoordinatorTest, DropsWhatWasDeletedBeforeTheStart) {
+    select({QStringLiteral("work"), QStringLiteral("long gone")});
+    start();
+    announceChange();
+    EXPECT_EQ(selection(), "work");
+}
+
+TEST_F(AppCoordinatorTest, KeepsACalendarThatIsOutOfReach) {
+    select({QStringLiteral("work"), QStringLiteral("usb")});
+    store.outOfReach = {QStringLiteral("usb")};
+    start();
+    announceChange();
+    EXPECT_EQ(selection(), "usb work");
+    EXPECT_EQ(writesOfSelection(), 1);
+}
+
+TEST_F(AppCoordinatorTest, WritesNoSelectionThatIsAsBefore) {
+    select({QStringLiteral("work")});
+    start();
+    announceChange();
+    EXPECT_EQ(writesOfSelection(), 1);
+}
+
+TEST_F(AppCoordinatorTest, KeepsTheSelectionWhenAccessIsTakenAway) {
+    select({QStringLiteral("work")});
+    start();
+    store.authorization = StoreAuthorization::denied;
+    announceChange();
+    EXPECT_EQ(selection(), "work");
+    EXPECT_EQ(coordinator->calendarAccessStatus(), Status::denied);
+    EXPECT_TRUE(coordinator->calendarSnapshot().groups.empty());
+}
+
+// Access
+
+TEST_F(AppCoordinatorTest, AsksForAccessAtTheStartWhenNobodyWasAsked) {
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    ASSERT_EQ(store.accessRequests.size(), 1U);
+    EXPECT_EQ(coordinator->calendarAccessStatus(), Status::notDetermined);
+    EXPECT_EQ(selection(), "-");
+
+    store.authorization = StoreAuthorization::fullAccess;
+    store.accessRequests.front()(true, {});
+    EXPECT_EQ(coordinator->calendarAccessStatus(), Status::fullAccess);
+    EXPECT_EQ(coordinator->calendarSnapshot().groups.size(), 1U);
+    EXPECT_EQ(selection(), "work");
+}
+
+TEST_F(AppCoordinatorTest, SelectsWhenTheStoreHasReadWhatItWasGranted) {
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    store.authorization = StoreAuthorization::fullAccess;
+    const auto calendars = std::exchange(store.storedCalendars, {});
+    store.isComplete = false;
+    store.accessRequests.front()(true, {});
+    EXPECT_EQ(selection(), "-");
+    store.storedCalendars = calendars;
+    store.isComplete = true;
+    announceChange();
+    EXPECT_EQ(selection(), "work");
+}
+
+TEST_F(AppCoordinatorTest, LeavesAnEarlierSelectionAloneWhenAccessIsGranted) {
+    select({});
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    store.authorization = StoreAuthorization::fullAccess;
+    store.accessRequests.front()(true, {});
+    announceChange();
+    EXPECT_EQ(selection(), "");
+}
+
+TEST_F(AppCoordinatorTest, ShowsNothingAndStoresNothingWhenTheUserRefuses) {
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    store.authorization = StoreAuthorization::denied;
+    store.accessRequests.front()(false, {});
+    announceChange();
+    EXPECT_EQ(coordinator->calendarAccessStatus(), Status::denied);
+    EXPECT_TRUE(coordinator->calendarSnapshot().groups.empty());
+    EXPECT_EQ(selection(), "-");
+}
+
+TEST_F(AppCoordinatorTest, AsksNobodyAtTheStartWhoHasAnswered) {
+    for (const auto authorization : {StoreAuthorization::denied, StoreAuthorization::restricted,
+                                     StoreAuthorization::writeOnly}) {
+        store.authorization = authorization;
+        startAgain();
+        EXPECT_TRUE(store.accessRequests.empty());
+        EXPECT_EQ(selection(), "-");
+    }
+    store.authorization = StoreAuthorization::denied;
+    startAgain();
+    coordinator->requestCalendarAccess();
+    EXPECT_EQ(store.accessRequests.size(), 1U);
+}
+
+TEST_F(AppCoordinatorTest, SelectsWhenAccessComesByAnotherWayThanTheRequest) {
+    store.authorization = StoreAuthorization::restricted;
+    start();
+    announceChange();
+    EXPECT_EQ(selection(), "-");
+    store.authorization = StoreAuthorization::fullAccess;
+    announceChange();
+    EXPECT_EQ(coordinator->calendarAccessStatus(), Status::fullAccess);
+    EXPECT_EQ(selection(), "work");
+}
+
+TEST_F(AppCoordinatorTest, TakesNoAnswerAfterItsEnd) {
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    coordinator.reset();
+    store.authorization = StoreAuthorization::fullAccess;
+    store.accessRequests.front()(true, {});
+    EXPECT_EQ(selection(), "-");
+}
+
+TEST_F(AppCoordinatorTest, TellsObserversOfSnapshotAndStatusBeforeTheyAreStored) {
+    start();
+    std::vector<std::size_t> counts;
+    std::vector<Status> statuses;
+    const auto first = coordinator->observeCalendarSnapshot([&](const auto &snapshot) {
+        counts.push_back(snapshot.groups.size());
+        EXPECT_EQ(coordinator->calendarSnapshot().groups.size(), 1U);
+    });
+    const auto second = coordinator->observeCalendarAccessStatus([&](const Status &status) {
+        statuses.push_back(status);
+        EXPECT_EQ(coordinator->calendarAccessStatus(), Status::fullAccess);
+    });
+    store.authorization = StoreAuthorization::denied;
+    announceChange();
+    EXPECT_EQ(counts, (std::vector<std::size_t>{1, 0}));
+    EXPECT_EQ(statuses, (std::vector<Status>{Status::fullAccess, Status::denied}));
+}
+
+// Takeovers
 
 TEST_F(AppCoordinatorTest, TakesOverForAMeetingThatStoodInTheCalendarAtTheStart) {
     addMeeting("standup", at("2026-03-02T10:00:00"));
-    coordinator.start();
+    start();
     queue.advanceTo(at("2026-03-02T09:58:59"));
     EXPECT_TRUE(panels.shown().empty());
     queue.advanceTo(at("2026-03-02T09:59:00"));
@@ -89,8 +404,7 @@ TEST_F(AppCoordinatorTest, TakesOverForAMeetingThatStoodInTheCalendarAtTheStart)
 }
 
 TEST_F(AppCoordinatorTest, PlansAMeetingThatIsAddedLaterHalfASecondAfterTheChange) {
-    coordinator.start();
-    queue.runDue();
+    start();
     addMeeting("now", at("2026-03-02T09:00:30"));
     store.changed.announce();
     queue.advance(Seconds{0.4});
@@ -102,10 +416,9 @@ TEST_F(AppCoordinatorTest, PlansAMeetingThatIsAddedLaterHalfASecondAfterTheChang
 TEST_F(AppCoordinatorTest, TakesEverythingDownWhenStopped) {
     addMeeting("now", at("2026-03-02T09:00:30"));
     addMeeting("later", at("2026-03-02T09:30:00"));
-    coordinator.start();
-    queue.runDue();
+    start();
     ASSERT_EQ(panels.shown().size(), 1U);
-    coordinator.stop();
+    coordinator->stop();
     queue.advance(Seconds{3600});
     EXPECT_TRUE(panels.shown().empty());
     EXPECT_EQ(panels.panels.size(), 1U);
