@@ -29,7 +29,9 @@ std::int64_t monthOf(CivilSeconds reading) {
            static_cast<int>(static_cast<unsigned>(date.month())) - 1;
 }
 
+/// A year has to fit its type: the month behind the end of time stands for all later ones.
 CivilSeconds startOfMonth(std::int64_t month) {
+    month = std::min<std::int64_t>(month, 10'000 * 12);
     const std::chrono::year_month_day date{
         std::chrono::year(static_cast<int>(floorDivide(month, 12))),
         std::chrono::month(static_cast<unsigned>(month - floorDivide(month, 12) * 12) + 1),

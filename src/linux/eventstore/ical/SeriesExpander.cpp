@@ -48,9 +48,13 @@ private:
         shown.push_back(master.start.civil);
         std::sort(shown.begin(), shown.end());
         shown.erase(std::unique(shown.begin(), shown.end()), shown.end());
-        for (const CivilSeconds reading : shown)
-            placeReading(reading, m_parts.length());
-        std::set<CivilSeconds> known(shown.begin(), shown.end());
+        // By instant: a time that the clock skips means the same as one that it shows.
+        std::set<UtcSeconds> known;
+        for (const CivilSeconds reading : shown) {
+            const UtcSeconds instant = m_parts.zone().toUtc(reading);
+            if (known.insert(instant).second)
+                placeStart(reading, instant, m_parts.length());
+        }
         for (const AddedDate &date : master.dates)
             placeDate(date, known);
     }
@@ -76,6 +80,7 @@ private:
             const std::size_t before = found.size();
             const auto end = walk.collect(from, to, steps, found);
             m_budget.take(granted - std::max(steps, 0));
+            dropBehindUntil(*rule, found, before);
             if (end == RuleReadings::End::ofPatience) {
                 m_problems.add(master.line, QStringLiteral("recurrence rule with too many "
                                                            "occurrences; not all are shown"));
@@ -101,32 +106,49 @@ private:
                 m_window.to + shift + secondsPerDay};
     }
 
-    /// UNTIL in the series' own time. A day alone includes all of that day.
+    /// UNTIL in the series' own time. A day alone includes all of that day, an instant in the
+    /// second of two equal hours all of the first.
     [[nodiscard]] std::optional<CivilSeconds> untilOf(const RecurrenceRule &rule) const {
         const auto &until = rule.until;
         if (!until || m_parts.isAllDay())
             return until ? std::optional(until->civil) : std::nullopt;
         if (until->isDate)
             return until->civil + secondsPerDay - 1;
-        return until->isUtc ? m_parts.zone().toCivil(until->civil) : until->civil;
+        if (!until->isUtc)
+            return until->civil;
+        const CivilSeconds reading = m_parts.zone().toCivil(until->civil);
+        return reading + (until->civil - m_parts.zone().toUtc(reading));
     }
 
-    void placeDate(const AddedDate &date, std::set<CivilSeconds> &known) {
+    /// Around a change of the clock readings and instants are not in the same order.
+    void dropBehindUntil(const RecurrenceRule &rule, std::vector<CivilSeconds> &readings,
+                         std::size_t first) const {
+        if (!rule.until || !rule.until->isUtc || m_parts.isAllDay())
+            return;
+        const auto begin = readings.begin() + static_cast<std::ptrdiff_t>(first);
+        readings.erase(std::remove_if(begin, readings.end(),
+                                      [&](CivilSeconds reading) {
+                                          return m_parts.zone().toUtc(reading) > rule.until->civil;
+                                      }),
+                       readings.end());
+    }
+
+    void placeDate(const AddedDate &date, std::set<UtcSeconds> &known) {
         const UtcSeconds instant = m_parts.instantOf(date.start);
-        const CivilSeconds reading = m_parts.zone().toCivil(instant);
-        if (!known.insert(reading).second)
+        if (!known.insert(instant).second)
             return;
         EventLength length = m_parts.length();
         if (date.duration)
             length = EventLength(*date.duration);
         else if (date.end)
             length = EventLength(instant, m_parts.instantOf(*date.end));
-        placeReading(reading, length);
+        placeStart(m_parts.zone().toCivil(instant), instant, length);
     }
 
-    void placeReading(CivilSeconds reading, const EventLength &length) {
+    /// `reading` is what the series' own clock shows at the start, or would have shown had it not
+    /// been put forward.
+    void placeStart(CivilSeconds reading, UtcSeconds start, const EventLength &length) {
         const Zone &zone = m_parts.zone();
-        const UtcSeconds start = zone.toUtc(reading);
         if (m_parts.leftOut().holds(start, civilDay(reading)))
             return;
         const auto &continuations = m_parts.continuations();

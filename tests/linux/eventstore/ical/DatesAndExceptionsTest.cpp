@@ -1,0 +1,128 @@
+#include "ExpansionTable.h"
+
+namespace vantrel {
+namespace {
+
+using namespace tests;
+
+const Row datesAndExceptions[] = {
+    {"AddedDates",
+     event("a", zurichNine + "RDATE;TZID=Europe/Zurich:20260304T110000,20260305T110000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-04 10:00/11:00", "2026-03-05 10:00/11:00"}},
+    {"AddedDateThatIsThereAlready",
+     event("a", fourMondays + "RDATE:20260309T080000Z\nRDATE;TZID=Europe/Zurich:20260302T090000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-12T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-09 08:00/09:00"}},
+    {"AddedPeriodWithItsOwnLength",
+     event("a", zurichNine + "RDATE;VALUE=PERIOD:20260304T100000Z/PT15M,20260305T100000Z/"
+                             "20260305T130000Z\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-04 10:00/10:15", "2026-03-05 10:00/13:00"}},
+    {"AddedDayOfATimedSeriesHasItsTime",
+     event("a", zurichNine + "RDATE;VALUE=DATE:20260330\n"),
+     "2026-03-01T00:00:00",
+     "2026-04-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-30 07:00/08:00"}},
+    {"AddedDayOfWholeDays",
+     event("a", "DTSTART;VALUE=DATE:20260302\nRDATE;VALUE=DATE:20260310\n"),
+     "2026-03-01T00:00:00",
+     "2026-04-20T00:00:00",
+     "UTC",
+     {"2026-03-02 00:00/2026-03-03 00:00", "2026-03-10 00:00/2026-03-11 00:00"}},
+    {"ExceptionInTheSameZone",
+     event("a", fourMondays + "EXDATE;TZID=Europe/Zurich:20260309T090000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-16 08:00/09:00"}},
+    {"ExceptionInAnotherZone",
+     event("a", fourMondays + "EXDATE;TZID=America/New_York:20260309T040000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-16 08:00/09:00"}},
+    {"ExceptionInUtc",
+     event("a", fourMondays + "EXDATE:20260309T080000Z\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00", "2026-03-16 08:00/09:00"}},
+    {"FloatingExceptionIsInTheSeriesZone",
+     event("a", fourMondays + "EXDATE:20260309T090000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "Asia/Tokyo",
+     {"2026-03-02 08:00/09:00", "2026-03-16 08:00/09:00"}},
+    {"ExceptionOfADayTakesThatDayInTheSeriesZone",
+     event("a", "DTSTART;TZID=America/Los_Angeles:20260302T200000\nRRULE:FREQ=DAILY;COUNT=3\n"
+                "EXDATE;VALUE=DATE:20260303\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-03 04:00/04:00", "2026-03-05 04:00/04:00"}},
+    {"ExceptionOfAWholeDay",
+     event("a", "DTSTART;VALUE=DATE:20260302\nRRULE:FREQ=DAILY;COUNT=3\n"
+                "EXDATE;VALUE=DATE:20260303\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "Europe/Zurich",
+     {"2026-03-01 23:00/2026-03-02 23:00", "2026-03-03 23:00/2026-03-04 23:00"}},
+    {"ExceptionOfAWholeDayWrittenAsATime",
+     event("a", "DTSTART;VALUE=DATE:20260302\nRRULE:FREQ=DAILY;COUNT=3\n"
+                "EXDATE:20260303T000000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-20T00:00:00",
+     "UTC",
+     {"2026-03-02 00:00/2026-03-03 00:00", "2026-03-04 00:00/2026-03-05 00:00"}},
+    {"ExceptionOfTheFirst",
+     event("a", fourMondays + "EXDATE;TZID=Europe/Zurich:20260302T090000\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-12T00:00:00",
+     "UTC",
+     {"2026-03-09 08:00/09:00"}},
+    {"ExceptionsInOneListAndInSeveralLines",
+     event("a",
+           fourMondays + "EXDATE:20260302T080000Z,20260309T080000Z\nEXDATE:20260316T080000Z\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-25T00:00:00",
+     "UTC",
+     {"2026-03-23 08:00/09:00"}},
+    {"ExceptionInAFloatingSeriesGivenInUtc",
+     event("a", "DTSTART:20260302T090000\nRRULE:FREQ=DAILY;COUNT=2\nEXDATE:20260303T080000Z\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-25T00:00:00",
+     "Europe/Zurich",
+     {"2026-03-02 08:00/08:00"}},
+    {"AddedInTheSecondOfTwoEqualHours",
+     event("a", "DTSTART;TZID=America/New_York:20261030T090000\nRDATE:20261101T063000Z\n"),
+     "2026-11-01T00:00:00",
+     "2026-11-02T00:00:00",
+     "UTC",
+     {"2026-11-01 06:30/06:30"}},
+    {"ExceptionOfAnAddedDate",
+     event("a", zurichNine + "RDATE:20260304T100000Z\nEXDATE:20260304T100000Z\n"),
+     "2026-03-01T00:00:00",
+     "2026-03-25T00:00:00",
+     "UTC",
+     {"2026-03-02 08:00/09:00"}},
+};
+
+class DatesAndExceptions : public ::testing::TestWithParam<Row> {};
+
+TEST_P(DatesAndExceptions, AddAndLeaveOutWhatTheRowSays) {
+    expectRow(GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, DatesAndExceptions, ::testing::ValuesIn(datesAndExceptions),
+                         nameOf);
+
+} // namespace
+} // namespace vantrel
