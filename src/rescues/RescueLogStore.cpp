@@ -3,10 +3,8 @@
 #include <platform/Log.h>
 
 #include <QDir>
-#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <filesystem>
@@ -100,15 +98,9 @@ std::optional<DayBuckets> decode(const QByteArray &text, QString &error) {
     return byDay;
 }
 
-bool isMissing(const QString &path) {
-    std::error_code error;
-    const auto status = std::filesystem::status(path.toStdU16String(), error);
-    return status.type() == std::filesystem::file_type::not_found;
-}
-
 } // namespace
 
-RescueLogStore::RescueLogStore(QString fileURL) : m_fileURL(std::move(fileURL)) {}
+RescueLogStore::RescueLogStore(QString fileURL) : m_file(std::move(fileURL)) {}
 
 QString RescueLogStore::defaultFileURL() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -124,21 +116,11 @@ QString RescueLogStore::defaultFileURL() {
 }
 
 DayBuckets RescueLogStore::load() const {
-    if (isMissing(m_fileURL))
-        return {};
-    QFile file(m_fileURL);
-    QString error;
+    auto [text, error] = m_file.read();
     std::optional<DayBuckets> byDay;
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = file.errorString();
-    } else {
-        const QByteArray text = file.readAll();
-        if (file.error() == QFileDevice::NoError)
-            byDay = decode(text, error);
-        else
-            error = file.errorString();
-    }
-    if (!byDay)
+    if (text)
+        byDay = decode(*text, error);
+    if (!error.isEmpty())
         qCCritical(rescueLog).noquote() << "Failed to load rescue log; starting fresh:" << error;
     return byDay.value_or(DayBuckets());
 }
@@ -147,14 +129,8 @@ void RescueLogStore::save(const DayBuckets &byDay) const {
     QJsonObject days;
     for (const auto &[key, bucket] : byDay)
         days.insert(key, encodeDay(bucket));
-    const QByteArray text = QJsonDocument(days).toJson(QJsonDocument::Indented);
-    QSaveFile file(m_fileURL);
-    // On a full disk a write comes back short, or fails only when the buffer is flushed. Committing
-    // looks at neither and would put half a log in the place of a whole one.
-    if (!file.open(QIODevice::WriteOnly) ||
-        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        file.write(text) != text.size() || !file.flush() || !file.commit())
-        qCCritical(rescueLog).noquote() << "Failed to save rescue log:" << file.errorString();
+    if (const auto error = m_file.replace(QJsonDocument(days).toJson(QJsonDocument::Indented)))
+        qCCritical(rescueLog).noquote() << "Failed to save rescue log:" << *error;
 }
 
 } // namespace vantrel

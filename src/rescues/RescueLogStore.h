@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DayBucket.h"
+#include "RescueFile.h"
 
 #include <QString>
 
@@ -16,7 +17,8 @@ public:
     /// folder when that is not possible.
     [[nodiscard]] static QString defaultFileURL();
 
-    [[nodiscard]] const QString &fileURL() const { return m_fileURL; }
+    /// A path.
+    [[nodiscard]] const QString &fileURL() const { return m_file.path(); }
 
     /// No days when there is no file, and when it holds anything but a log; a bad file stays in
     /// place until the next save.
@@ -26,7 +28,7 @@ public:
     void save(const DayBuckets &byDay) const;
 
 private:
-    QString m_fileURL; ///< A path.
+    RescueFile m_file;
 };
 
 } // namespace vantrel

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <limits>
 
@@ -213,6 +215,66 @@ TEST_F(RescueLogStoreTest, LogsASaveThatFails) {
     EXPECT_TRUE(CapturedLog::lines().front().text.startsWith(
         QStringLiteral("Failed to save rescue log: ")));
     EXPECT_GT(CapturedLog::lines().front().text.size(), 28);
+}
+
+// What may lie in the place of the file
+
+TEST_F(RescueLogStoreTest, DoesNotWaitForWhoeverWritesIntoAPipe) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    expectLoadFailure(store.load());
+    store.save({{monday, DayBucket{1, 0, 0, 0, 0}}});
+    EXPECT_EQ(store.load().size(), 1u);
+}
+
+TEST_F(RescueLogStoreTest, DoesNotReadADeviceWithoutEnd) {
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path));
+    expectLoadFailure(store.load());
+}
+
+TEST_F(RescueLogStoreTest, DoesNotReadAFileThatIsLargerThanAnyLog) {
+    writeFile("{}");
+    ASSERT_EQ(truncate(QFile::encodeName(path).constData(), 1'000'000'000), 0);
+    expectLoadFailure(store.load());
+    store.save({{monday, DayBucket{1, 0, 0, 0, 0}}});
+    EXPECT_EQ(store.load().size(), 1u);
+}
+
+TEST_F(RescueLogStoreTest, LeavesAFolderInItsPlaceAlone) {
+    ASSERT_TRUE(QDir().mkdir(path));
+    expectLoadFailure(store.load());
+    store.save({{monday, DayBucket{1, 0, 0, 0, 0}}});
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_EQ(CapturedLog::lines().size(), 2u);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+TEST_F(RescueLogStoreTest, FollowsALinkOfTheUsersOwn) {
+    const QString elsewhere = folder.filePath(QStringLiteral("elsewhere.json"));
+    ASSERT_TRUE(QFile::link(elsewhere, path));
+    EXPECT_TRUE(store.load().empty());
+    store.save({{monday, DayBucket{1, 0, 0, 0, 0}}});
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_TRUE(QFileInfo(elsewhere).isFile());
+    EXPECT_EQ(store.load().size(), 1u);
+    EXPECT_TRUE(CapturedLog::lines().empty());
+}
+
+TEST_F(RescueLogStoreTest, DoesNotFollowALinkOfAnotherUser) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only root can make a link in another user's name";
+    const QString precious = folder.filePath(QStringLiteral("precious"));
+    ASSERT_TRUE(QFile::link(precious, path));
+    constexpr uid_t somebodyElse = 4242;
+    ASSERT_EQ(lchown(QFile::encodeName(path).constData(), somebodyElse, somebodyElse), 0);
+    store.save({{monday, DayBucket{1, 0, 0, 0, 0}}});
+    EXPECT_FALSE(QFileInfo::exists(precious));
+    EXPECT_EQ(CapturedLog::lines().size(), 1u);
+    QFile file(precious);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{}");
+    file.close();
+    CapturedLog::lines().clear();
+    expectLoadFailure(store.load());
 }
 
 /// Sets an environment variable for as long as it lives.
