@@ -9,6 +9,7 @@
 #include <QSaveFile>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -21,6 +22,9 @@ namespace vantrel {
 namespace {
 
 VANTREL_LOG(userDefaultsLog, "UserDefaults")
+
+/// Far more than any settings take.
+constexpr qint64 largestFile = 16'000'000;
 
 QString lastSystemError() {
     return QString::fromStdString(std::generic_category().message(errno));
@@ -37,6 +41,28 @@ std::optional<QString> syncFolder(const QString &folder) {
     if (::fsync(descriptor) != 0 && errno != EINVAL)
         error = lastSystemError();
     ::close(descriptor);
+    return error;
+}
+
+/// Opens an ordinary file of a sensible size, and never waits for a pipe or a device. Answers what
+/// went wrong.
+std::optional<QString> open(QFile &file, const QString &path) {
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        return lastSystemError();
+    struct stat status = {};
+    std::optional<QString> error;
+    if (::fstat(descriptor, &status) != 0)
+        error = lastSystemError();
+    else if (!S_ISREG(status.st_mode))
+        error = QStringLiteral("it is no ordinary file");
+    else if (status.st_size > largestFile)
+        error = QStringLiteral("it is larger than any settings");
+    else if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        error = file.errorString();
+    if (error)
+        ::close(descriptor);
     return error;
 }
 
@@ -83,21 +109,19 @@ QJsonObject SettingsFile::load() {
     const auto status = std::filesystem::status(m_path.toStdU16String(), code);
     if (status.type() == std::filesystem::file_type::not_found)
         return {};
-    QString error;
-    QFile file(m_path);
-    if (file.open(QIODevice::ReadOnly)) {
+    QFile file;
+    std::optional<QString> error = open(file, m_path);
+    if (!error) {
         QJsonParseError parseError;
-        const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+        const QJsonDocument document = QJsonDocument::fromJson(file.read(largestFile), &parseError);
         if (document.isObject())
             return document.object();
         error = document.isNull() ? parseError.errorString()
                                   : QStringLiteral("the top level is no object");
-    } else {
-        error = file.errorString();
     }
     m_isUnreadable = true;
     qCCritical(userDefaultsLog).noquote()
-        << "Cannot read the settings" << m_path + QLatin1Char(':') << error;
+        << "Cannot read the settings" << m_path + QLatin1Char(':') << *error;
     return {};
 }
 
@@ -123,9 +147,9 @@ std::optional<QString> SettingsFile::write(const QJsonObject &object) {
 /// Copies the file, so that it stays in place until it is replaced; what cannot be opened is moved.
 std::optional<QString> SettingsFile::keepAside() const {
     const QString aside = m_path + QStringLiteral(".unreadable");
-    QFile file(m_path);
-    if (file.open(QIODevice::ReadOnly))
-        return replace(aside, file.readAll());
+    QFile file;
+    if (!open(file, m_path))
+        return replace(aside, file.read(largestFile));
     std::error_code code;
     std::filesystem::rename(m_path.toStdU16String(), aside.toStdU16String(), code);
     return code ? std::optional(QString::fromStdString(code.message())) : std::nullopt;

@@ -139,6 +139,32 @@ TEST_F(SettingsFileTest, MovesAsideWhatItCannotEvenOpen) {
     EXPECT_EQ(read(path + QStringLiteral(".unreadable/inside")), "kept");
 }
 
+TEST_F(SettingsFileTest, DoesNotWaitForWhoeverWritesIntoAPipe) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    JsonUserDefaults defaults(path);
+    EXPECT_FALSE(defaults.hasObject(key));
+    EXPECT_EQ(loggedErrors(), 1u);
+    defaults.setInteger(key, 1);
+    EXPECT_EQ(JsonUserDefaults(path).integer(key), 1);
+    EXPECT_EQ(loggedErrors(), 1u);
+}
+
+TEST_F(SettingsFileTest, DoesNotReadADeviceWithoutEnd) {
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path));
+    EXPECT_FALSE(JsonUserDefaults(path).hasObject(key));
+    EXPECT_EQ(loggedErrors(), 1u);
+}
+
+TEST_F(SettingsFileTest, MovesAsideAFileThatIsLargerThanAnySettings) {
+    write(path, "{}");
+    ASSERT_EQ(truncate(QFile::encodeName(path).constData(), 1'000'000'000), 0);
+    JsonUserDefaults defaults(path);
+    EXPECT_EQ(loggedErrors(), 1u);
+    defaults.setInteger(key, 1);
+    EXPECT_EQ(JsonUserDefaults(path).integer(key), 1);
+    EXPECT_EQ(QFileInfo(path + QStringLiteral(".unreadable")).size(), 1'000'000'000);
+}
+
 TEST_F(SettingsFileTest, SavesNothingUntilItCanKeepAnUnreadableTextAside) {
     write(path, "broken");
     const QString inTheWay = path + QStringLiteral(".unreadable");
