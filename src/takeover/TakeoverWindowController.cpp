@@ -40,36 +40,77 @@ void TakeoverWindowController::show(const TakeoverContext &context, const Palett
         qCWarning(takeoverLog) << "a takeover is up, so the next one is not shown";
         return;
     }
-    const std::vector<Screen> candidates = interactiveCandidates();
-    if (candidates.empty()) {
-        qCWarning(takeoverLog) << "no monitor is connected, so a takeover is not shown";
-        return;
-    }
+    Request request{context,
+                    palette,
+                    autoCloseAfter,
+                    std::move(onJoin),
+                    std::move(onSnooze),
+                    std::move(onDismiss),
+                    m_queue.now()};
+    if (interactiveCandidates().empty())
+        waitForMonitor(std::move(request));
+    else
+        present(std::move(request));
+}
 
-    m_currentContext = context;
-    m_palette = palette;
+void TakeoverWindowController::present(Request request) {
+    m_waiting.reset();
+    m_currentContext = request.context;
+    m_palette = request.palette;
     m_phaseState.phase.set(TakeoverPhase::urgent);
     m_showing = std::make_shared<char>();
-    const Callback join = joining(std::move(onJoin));
-    const Callback snooze = closing(std::move(onSnooze));
-    const Callback dismiss = closing(std::move(onDismiss));
+    const Callback join = joining(request.onJoin);
+    const Callback snooze = closing(request.onSnooze);
+    const Callback dismiss = closing(request.onDismiss);
     m_viewModel = std::make_unique<TakeoverViewModel>(
-        context, m_phaseState, m_queue, TakeoverViewModel::Actions{join, snooze, dismiss});
+        request.context, m_phaseState, m_queue, TakeoverViewModel::Actions{join, snooze, dismiss});
     m_opacity = 0.0;
     m_screenChanges = m_screenLayout.changed.subscribe([this] { coverScreens(); });
     coverScreens();
+    if (!m_interactivePanel) { // The monitors have gone since they were counted.
+        hide();
+        waitForMonitor(std::move(request));
+        return;
+    }
     fadeIn();
     installKeyEventMonitor(snooze, dismiss, join);
-    scheduleAutoClose(autoCloseAfter, dismiss);
+    scheduleAutoClose(request.autoCloseAfter, dismiss);
+}
+
+void TakeoverWindowController::waitForMonitor(Request request) {
+    qCWarning(takeoverLog) << "no monitor takes the takeover, so it waits for the next one";
+    m_waiting = std::move(request);
+    m_screenChanges = m_screenLayout.changed.subscribe([this] { presentWaiting(); });
+}
+
+void TakeoverWindowController::presentWaiting() {
+    if (interactiveCandidates().empty())
+        return;
+    Request request = std::move(*m_waiting);
+    m_waiting.reset();
+    if (isLapsed(request)) {
+        qCInfo(takeoverLog) << "the takeover that waited for a monitor is over";
+        m_screenChanges.reset();
+    } else {
+        present(std::move(request));
+    }
+}
+
+bool TakeoverWindowController::isLapsed(const Request &request) const {
+    const Instant now = m_queue.now();
+    const bool isClosed = request.autoCloseAfter && *request.autoCloseAfter > Seconds::zero() &&
+                          now >= request.askedAt + *request.autoCloseAfter;
+    return isClosed || now >= request.context.endsAt;
 }
 
 void TakeoverWindowController::hide() {
+    m_waiting.reset();
+    m_screenChanges.reset();
     if (!isUp())
         return;
     m_autoCloseWorkItem.cancel();
     m_madeItHideWorkItem.cancel();
     removeKeyEventMonitor();
-    m_screenChanges.reset();
     m_showing.reset();
     m_currentContext.reset();
 

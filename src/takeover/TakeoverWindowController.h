@@ -38,8 +38,10 @@ public:
     TakeoverWindowController &operator=(const TakeoverWindowController &) = delete;
 
     /// Shows a takeover, unless one is up: then nothing happens and no callback ever runs.
-    /// The same while no monitor is connected: a takeover that nobody can see is not kept for
-    /// later, so its caller learns nothing of it.
+    ///
+    /// While there is no monitor (a lid is shut, a dock pulled out) nothing is shown and no
+    /// callback runs either. The takeover that was asked for last comes up with the next monitor,
+    /// unless its meeting is over by then or its auto-close would have ended it.
     ///
     /// `onJoin` runs at most once; the takeover disappears 1.5 s later. `onSnooze` and `onDismiss`
     /// close it at once. `autoCloseAfter` (nothing: never; at most zero: never) without an answer
@@ -48,10 +50,21 @@ public:
               std::optional<Seconds> autoCloseAfter, Callback onJoin, Callback onSnooze,
               Callback onDismiss);
 
-    /// Takes down what is up, in any state, without running a callback; harmless otherwise.
+    /// Takes down what is up, in any state, without running a callback, and forgets what waits for
+    /// a monitor; harmless otherwise.
     void hide();
 
 private:
+    struct Request {
+        TakeoverContext context;
+        Palette palette;
+        std::optional<Seconds> autoCloseAfter;
+        Callback onJoin;
+        Callback onSnooze;
+        Callback onDismiss;
+        Instant askedAt;
+    };
+
     /// Panels on their way out. The view model outlives the panels that show it.
     struct Departure {
         std::unique_ptr<TakeoverViewModel> viewModel;
@@ -60,6 +73,11 @@ private:
     };
 
     [[nodiscard]] bool isUp() const { return m_currentContext.has_value(); }
+
+    void present(Request request);
+    void waitForMonitor(Request request);
+    void presentWaiting();
+    [[nodiscard]] bool isLapsed(const Request &request) const;
 
     [[nodiscard]] Callback whileUrgent(Callback action) const;
     [[nodiscard]] Callback joining(Callback onJoin);
@@ -97,6 +115,9 @@ private:
     double m_opacity = 0.0;
     std::unique_ptr<OpacityFade> m_fade;
     std::vector<std::unique_ptr<Departure>> m_departures;
+
+    /// Asked for while there was no monitor. Never there while a takeover is up.
+    std::optional<Request> m_waiting;
 
     Subscription m_screenChanges;
     Subscription m_keyEventMonitor;

@@ -77,17 +77,6 @@ TEST_F(TakeoverWindowControllerTest, GoesOnToAnotherMonitorWhenThePointersOneHas
     EXPECT_EQ(echoes(), Ids{QStringLiteral("right")});
 }
 
-TEST_F(TakeoverWindowControllerTest, ShowsNothingWithoutMonitorsAndKeepsNothingForLater) {
-    show(Seconds{10});
-    EXPECT_TRUE(panels.panels.empty());
-    EXPECT_FALSE(panels.isMonitored());
-    EXPECT_EQ(queue.pendingCount(), 0U);
-    connect({screen("left", 0)});
-    queue.advance(Seconds{60});
-    EXPECT_TRUE(panels.panels.empty());
-    EXPECT_EQ(answers, nothing);
-}
-
 TEST_F(TakeoverWindowControllerTest, ShowsTheTitleInTheEcho) {
     connectThreeScreens();
     show(context(QStringLiteral("Retro")));
