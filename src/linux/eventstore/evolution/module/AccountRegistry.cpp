@@ -1,0 +1,169 @@
+#include "AccountRegistry.h"
+
+#include "Async.h"
+
+#include <linux/eventstore/source/StoreLog.h>
+
+#include <utility>
+
+namespace vantrel {
+
+namespace {
+
+constexpr char serviceName[] = "org.gnome.evolution.dataserver.Sources5";
+
+/// An account changes many of its sources at a time.
+constexpr Seconds quietTime{0.05};
+
+} // namespace
+
+AccountRegistry::AccountRegistry(Listener listener) : m_listener(std::move(listener)) {}
+
+AccountRegistry::~AccountRegistry() {
+    disconnect();
+}
+
+void AccountRegistry::start() {
+    connect();
+}
+
+void AccountRegistry::connect() {
+    m_cancellable.reset(g_cancellable_new());
+    g_bus_get(G_BUS_TYPE_SESSION, m_cancellable.get(), Async::ready,
+              Async::data([weak = weak_from_this()](GObject * /*object*/, GAsyncResult *result) {
+                  Failure failure;
+                  const Reference<GDBusConnection> bus(g_bus_get_finish(result, failure.out()));
+                  // GLib would end the program together with the bus.
+                  if (bus)
+                      g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+                  const auto self = weak.lock();
+                  if (!self)
+                      return;
+                  if (bus && !g_dbus_connection_is_closed(bus.get()))
+                      self->adoptBus(bus.get());
+                  else
+                      self->fail("no session bus: " + failure.message());
+              }));
+}
+
+void AccountRegistry::adoptBus(GDBusConnection *bus) {
+    m_bus = anotherReference(bus);
+    g_signal_connect(bus, "closed", G_CALLBACK(busClosed), this);
+    open();
+}
+
+void AccountRegistry::open() {
+    e_source_registry_new(
+        m_cancellable.get(), Async::ready,
+        Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
+                        GObject * /*object*/, GAsyncResult *result) {
+            Failure failure;
+            const Reference<ESourceRegistry> registry(
+                e_source_registry_new_finish(result, failure.out()));
+            const auto self = weak.lock();
+            if (!self || self->m_cancellable.get() != attempt)
+                return;
+            if (registry)
+                self->adopt(registry.get());
+            else
+                self->fail("the registry of accounts: " + failure.message());
+        }));
+}
+
+void AccountRegistry::adopt(ESourceRegistry *registry) {
+    m_registry = anotherReference(registry);
+    for (const char *const signal : {"source-added", "source-removed", "source-changed",
+                                     "source-enabled", "source-disabled"})
+        g_signal_connect(registry, signal, G_CALLBACK(sourcesChanged), this);
+    m_watch =
+        g_bus_watch_name_on_connection(m_bus.get(), serviceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
+                                       serviceAppeared, serviceVanished, this, nullptr);
+    noteReturn();
+    relist();
+}
+
+void AccountRegistry::busClosed(GDBusConnection * /*bus*/, gboolean /*isVanished*/,
+                                const GError * /*error*/, gpointer self) {
+    auto *registry = static_cast<AccountRegistry *>(self);
+    registry->m_listener.lost();
+    registry->fail("the session bus has gone");
+}
+
+void AccountRegistry::serviceAppeared(GDBusConnection * /*bus*/, const gchar * /*name*/,
+                                      const gchar * /*owner*/, gpointer self) {
+    auto *registry = static_cast<AccountRegistry *>(self);
+    registry->m_retry.stop();
+    registry->noteReturn();
+}
+
+void AccountRegistry::serviceVanished(GDBusConnection * /*bus*/, const gchar * /*name*/,
+                                      gpointer self) {
+    auto *registry = static_cast<AccountRegistry *>(self);
+    if (g_dbus_connection_is_closed(registry->m_bus.get()))
+        return;
+    if (!std::exchange(registry->m_isTrouble, true))
+        qCWarning(eventStoreLog) << "the registry of accounts has ended; its calendars stay";
+    registry->m_retry.startFor(registry->m_pause.next(), [registry] { registry->wakeService(); });
+}
+
+/// What is asked of it starts it; it then tells anew what it has.
+void AccountRegistry::wakeService() {
+    g_dbus_connection_call(
+        m_bus.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+        "StartServiceByName", g_variant_new("(su)", serviceName, 0U), nullptr,
+        G_DBUS_CALL_FLAGS_NONE, -1, m_cancellable.get(), Async::ready,
+        Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
+            Failure failure;
+            GVariant *const answer = g_dbus_connection_call_finish(G_DBUS_CONNECTION(object),
+                                                                   result, failure.out());
+            if (answer)
+                g_variant_unref(answer);
+            const auto self = weak.lock();
+            if (self && failure && !failure.is(G_IO_ERROR, G_IO_ERROR_CANCELLED) && self->m_bus)
+                self->m_retry.startFor(self->m_pause.next(),
+                                       [registry = self.get()] { registry->wakeService(); });
+        }));
+}
+
+void AccountRegistry::sourcesChanged(ESourceRegistry * /*registry*/, ESource * /*source*/,
+                                     gpointer self) {
+    auto *registry = static_cast<AccountRegistry *>(self);
+    if (!registry->m_relisting.isRunning())
+        registry->m_relisting.startFor(quietTime, [registry] { registry->relist(); });
+}
+
+void AccountRegistry::relist() {
+    m_listener.listed(listSources(m_registry.get()));
+}
+
+void AccountRegistry::fail(const QByteArray &reason) {
+    if (!std::exchange(m_isTrouble, true))
+        qCWarning(eventStoreLog).noquote() << QString::fromUtf8(reason);
+    disconnect();
+    m_listener.failed();
+    m_retry.startFor(m_pause.next(), [this] { connect(); });
+}
+
+void AccountRegistry::noteReturn() {
+    m_pause.reset();
+    if (std::exchange(m_isTrouble, false))
+        qCInfo(eventStoreLog) << "the registry of accounts is back";
+}
+
+void AccountRegistry::disconnect() {
+    m_relisting.stop();
+    m_retry.stop();
+    if (m_watch != 0)
+        g_bus_unwatch_name(std::exchange(m_watch, 0));
+    if (m_registry)
+        g_signal_handlers_disconnect_by_data(m_registry.get(), this);
+    m_registry.reset();
+    if (m_cancellable)
+        g_cancellable_cancel(m_cancellable.get());
+    m_cancellable.reset();
+    if (m_bus)
+        g_signal_handlers_disconnect_by_data(m_bus.get(), this);
+    m_bus.reset();
+}
+
+} // namespace vantrel

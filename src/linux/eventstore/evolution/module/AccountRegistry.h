@@ -1,0 +1,64 @@
+#pragma once
+
+#include "ContextTimer.h"
+#include "GObjects.h"
+#include "SourceDescription.h"
+
+#include <linux/eventstore/evolution/Pace.h>
+
+#include <gio/gio.h>
+
+#include <functional>
+#include <memory>
+
+namespace vantrel {
+
+/// Follows the session bus and the registry of accounts on it, through their absences. On the
+/// service's thread.
+class AccountRegistry : public std::enable_shared_from_this<AccountRegistry> {
+public:
+    struct Listener {
+        std::function<void(SourceList)> listed; ///< Each time something about it has changed.
+        /// The bus has gone: all that was connected over it is dead. `listed` follows once another
+        /// one is there.
+        std::function<void()> lost;
+        std::function<void()> failed; ///< It cannot be had for now.
+    };
+
+    explicit AccountRegistry(Listener listener);
+    AccountRegistry(const AccountRegistry &) = delete;
+    AccountRegistry &operator=(const AccountRegistry &) = delete;
+    ~AccountRegistry();
+
+    void start();
+
+private:
+    static void busClosed(GDBusConnection *bus, gboolean isVanished, const GError *error,
+                          gpointer self);
+    static void serviceAppeared(GDBusConnection *bus, const gchar *name, const gchar *owner,
+                                gpointer self);
+    static void serviceVanished(GDBusConnection *bus, const gchar *name, gpointer self);
+    static void sourcesChanged(ESourceRegistry *registry, ESource *source, gpointer self);
+
+    void connect();
+    void adoptBus(GDBusConnection *bus);
+    void open();
+    void adopt(ESourceRegistry *registry);
+    void wakeService();
+    void relist();
+    void fail(const QByteArray &reason);
+    void noteReturn();
+    void disconnect();
+
+    const Listener m_listener;
+    Reference<GCancellable> m_cancellable;
+    Reference<GDBusConnection> m_bus;
+    Reference<ESourceRegistry> m_registry;
+    guint m_watch = 0;
+    ContextTimer m_relisting;
+    ContextTimer m_retry;
+    RetryPause m_pause;
+    bool m_isTrouble = false; ///< And the log says so.
+};
+
+} // namespace vantrel

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "AnswerTable.h"
+#include "GObjects.h"
+
+#include <linux/eventstore/ical/Window.h>
+
+#include <QByteArray>
+#include <QByteArrayList>
+
+#include <libecal/libecal.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+
+namespace vantrel {
+
+class ZoneTexts;
+
+/// What one calendar has within a window, kept in line with it.
+///
+/// The service picks components one by one, by their own times: it lists a series for an occurrence
+/// that an override has moved away, and leaves out the override that did. So of everything that
+/// recurs, and of every override, all components of the UID are asked for, and our own expander
+/// decides.
+class CalendarView : public std::enable_shared_from_this<CalendarView> {
+public:
+    /// Called on the service's thread.
+    struct Listener {
+        std::function<void()> progressed;
+        std::function<void()> filled; ///< Once: everything is there.
+        /// After `filled`: the item, or none when it has gone.
+        std::function<void(const QByteArray &uid, std::optional<CalendarItem>)> changed;
+        std::function<void(const QByteArray &message)> failed;
+    };
+
+    CalendarView(ECalClient *client, std::shared_ptr<ZoneTexts> zones, Listener listener);
+    CalendarView(const CalendarView &) = delete;
+    CalendarView &operator=(const CalendarView &) = delete;
+    ~CalendarView();
+
+    void open(Window window);
+
+    /// Asks again for all components of that UID if any is in the view.
+    void refresh(const QByteArray &uid);
+
+    [[nodiscard]] bool isFilled() const { return m_isFilled; }
+
+    /// Everything that there is, once filled.
+    [[nodiscard]] CalendarItems items() const;
+
+private:
+    struct Entry {
+        std::set<QByteArray> present; ///< Recurrence ids in the view; empty for a master.
+        bool isSeries = false;        ///< Or more than one component, or an override.
+        bool isLoading = false;
+        bool isOutdated = false; ///< Something happened while loading.
+        CalendarItem item;
+    };
+
+    static void added(ECalClientView *view, const GSList *objects, gpointer self);
+    static void removed(ECalClientView *view, const GSList *ids, gpointer self);
+    static void completed(ECalClientView *view, const GError *error, gpointer self);
+
+    void follow(ECalClientView *view);
+    void take(ICalComponent *component);
+    void drop(const ECalComponentId *id);
+    void load(const QByteArray &uid);
+    void pump();
+    void fetch(const QByteArray &uid);
+    void finishFetch(const QByteArray &uid, GAsyncResult *result);
+    void keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones);
+    void finishLoading(const QByteArray &uid);
+    void forget(const QByteArray &uid);
+    void checkFilled();
+
+    const Reference<ECalClient> m_client;
+    const std::shared_ptr<ZoneTexts> m_zones;
+    const Listener m_listener;
+    const Reference<GCancellable> m_cancellable;
+    Reference<ECalClientView> m_view;
+    std::map<QByteArray, Entry> m_entries; ///< By UID.
+    std::deque<QByteArray> m_toFetch;
+    int m_fetches = 0;    ///< Under way.
+    int m_loading = 0;    ///< Entries.
+    bool m_isComplete = false; ///< The service has listed everything.
+    bool m_isFilled = false;
+};
+
+} // namespace vantrel

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <glib-object.h>
+
+#include <memory>
+
+namespace vantrel {
+
+/// Owns one reference to a GObject.
+template <typename T> struct Unreference {
+    void operator()(T *object) const { g_object_unref(object); }
+};
+template <typename T> using Reference = std::unique_ptr<T, Unreference<T>>;
+
+template <typename T> [[nodiscard]] Reference<T> anotherReference(T *object) {
+    return Reference<T>(static_cast<T *>(g_object_ref(object)));
+}
+
+/// Where a GLib function leaves its error.
+class Failure {
+public:
+    Failure() = default;
+    Failure(const Failure &) = delete;
+    Failure &operator=(const Failure &) = delete;
+    ~Failure() { g_clear_error(&m_error); }
+
+    [[nodiscard]] GError **out() { return &m_error; }
+    [[nodiscard]] explicit operator bool() const { return m_error != nullptr; }
+    [[nodiscard]] bool is(GQuark domain, int code) const {
+        return g_error_matches(m_error, domain, code);
+    }
+    [[nodiscard]] QByteArray message() const {
+        return m_error ? QByteArray(m_error->message) : QByteArray("no reason given");
+    }
+
+private:
+    GError *m_error = nullptr;
+};
+
+/// Takes over a text that GLib allocated; empty for null.
+inline QByteArray takeText(gchar *text) {
+    const QByteArray bytes(text);
+    g_free(text);
+    return bytes;
+}
+
+/// Takes over a list of references and calls `take` with each object.
+template <typename T, typename Take> void forEachTaken(GSList *list, Take take) {
+    for (GSList *link = list; link; link = link->next) {
+        const Reference<T> object(static_cast<T *>(link->data));
+        take(object.get());
+    }
+    g_slist_free(list);
+}
+
+} // namespace vantrel

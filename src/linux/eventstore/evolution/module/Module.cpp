@@ -1,0 +1,9 @@
+#include "LiveEvolutionSource.h"
+
+#include <linux/eventstore/evolution/ModuleEntry.h>
+
+extern "C" Q_DECL_EXPORT vantrel::ComponentSource *vantrelMakeEvolutionSource() {
+    return std::make_unique<vantrel::LiveEvolutionSource>().release();
+}
+
+static_assert(std::is_same_v<decltype(vantrelMakeEvolutionSource), vantrel::MakeEvolutionSource>);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "GObjects.h"
+
+#include <linux/eventstore/source/ComponentSource.h>
+
+#include <QStringList>
+
+#include <libecal/libecal.h>
+
+#include <vector>
+
+namespace vantrel {
+
+/// How the identifiers of these calendars begin; the source's own follows.
+inline constexpr char evolutionPrefix[] = "evolution:";
+
+struct ListedSource {
+    Reference<ESource> source;
+    SourceCalendar calendar;
+};
+
+struct SourceList {
+    std::vector<ListedSource> calendars; ///< By identifier.
+    /// Whether a calendar that is not listed was deleted. It may as well be switched off, or of an
+    /// account that finds its calendars in its own time.
+    bool isExhausted = false;
+};
+
+/// The registry's calendars that are switched on, each with the account that it hangs from: the
+/// topmost source above it. Forecasts of the weather are no events and stay out.
+[[nodiscard]] SourceList listSources(ESourceRegistry *registry);
+
+/// In the form that addresses are compared in: lower case, without "mailto:".
+[[nodiscard]] QString plainAddress(const QByteArray &address);
+
+} // namespace vantrel
