@@ -3,6 +3,7 @@
 
 #include <calendar/UpcomingEventsQuery.h>
 #include <linux/eventstore/LocalEventStore.h>
+#include <linux/eventstore/StoreAccess.h>
 #include <linux/eventstore/StoreCatalog.h>
 
 #include <QTemporaryDir>
@@ -43,9 +44,10 @@ const QString &sampleFolder() {
 std::unique_ptr<LocalEventStore> storeOf(MainQueue &queue) {
     StoreConfiguration configuration;
     configuration.roots.push_back({sampleFolder(), {}, false});
-    return std::make_unique<LocalEventStore>(queue, configuration, [] {
-        return LocalCalendar(QTimeZone("Europe/Zurich"), QLocale::c());
-    });
+    return std::make_unique<LocalEventStore>(
+        queue, configuration,
+        [] { return LocalCalendar(QTimeZone("Europe/Zurich"), QLocale::c()); },
+        StoreAccess::granted());
 }
 
 std::vector<QString> identifiersOf(const EventStore &store) {

@@ -4,6 +4,7 @@
 #include "SampleFolder.h"
 
 #include <linux/eventstore/LocalEventStore.h>
+#include <linux/eventstore/StoreAccess.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -54,8 +55,10 @@ int main(int argc, char *argv[]) {
     StoreConfiguration configuration;
     configuration.roots.push_back({folder, {}, true});
     const qint64 before = proportionalSetSize();
-    LocalEventStore store(queue, configuration,
-                          [] { return LocalCalendar(QTimeZone("Europe/Zurich"), QLocale::c()); });
+    LocalEventStore store(
+        queue, configuration,
+        [] { return LocalCalendar(QTimeZone("Europe/Zurich"), QLocale::c()); },
+        StoreAccess::granted());
     QObject receiver;
     const auto subscription = store.changed.subscribe([] { QCoreApplication::quit(); });
     store.start();

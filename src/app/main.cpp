@@ -2,13 +2,17 @@
 #include "AppCoordinator.h"
 #include "CommandLine.h"
 
+#include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
+#include <linux/eventstore/StoreAccess.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 #include <linux/workspace/GioWorkspace.h>
 #include <platform/Log.h>
+#include <theme/ThemeModule.h>
+#include <theme/ThemePalette.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,6 +20,7 @@
 #include <QGuiApplication>
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <set>
 
@@ -71,6 +76,11 @@ bool makeFolder(const std::optional<QString> &profile) {
     return !profile || QDir().mkpath(*profile);
 }
 
+QVariant chosenPalette(const PreferencesStore &preferences) {
+    useThemeModule();
+    return QVariant::fromValue(ThemePalette(palette(preferences.selectedTheme())));
+}
+
 int runAgent(int &argc, char **argv, const RunAgent &command) {
     const QGuiApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
@@ -79,17 +89,19 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
         return fail(failed, QStringLiteral("cannot make the folder %1").arg(*command.profile));
 
     QtMainQueue queue;
-    LocalEventStore store(queue, StoreConfiguration::ofUser(command.profile), currentCalendar);
     JsonUserDefaults defaults(settingsFile(command.profile));
+    PreferencesStore preferences(defaults);
+    ConsentDialog consent([&preferences] { return chosenPalette(preferences); });
+    LocalEventStore store(
+        queue, StoreConfiguration::ofUser(command.profile), currentCalendar,
+        std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), &consent));
     GioWorkspace workspace;
     QtScreenLayout screenLayout(queue);
     QtShieldingPanels panels(queue);
-    PreferencesStore preferences(defaults);
     CalendarAccess calendarAccess(store);
-    AppCoordinator coordinator(
-        preferences, calendarAccess,
-        {queue, defaults, workspace, screenLayout, panels, currentCalendar},
-        rescueLogFile(command.profile));
+    AppCoordinator coordinator(preferences, calendarAccess,
+                               {queue, defaults, workspace, screenLayout, panels, currentCalendar},
+                               rescueLogFile(command.profile));
 
     store.start();
     coordinator.start();
@@ -120,6 +132,21 @@ std::set<QString> selectedCalendars(UserDefaults &defaults, const EventStore &st
     return CalendarSelection::inForce(defaults, CalendarRepository(store, currentCalendar));
 }
 
+std::optional<QString> whyNothingIsRead(StoreAuthorization authorization) {
+    switch (authorization) {
+    case StoreAuthorization::fullAccess:
+        return std::nullopt;
+    case StoreAuthorization::restricted:
+        return QStringLiteral("a policy of this machine bars access to the calendars");
+    case StoreAuthorization::denied:
+    case StoreAuthorization::notDetermined:
+    case StoreAuthorization::writeOnly:
+        return QStringLiteral("access to the calendars has not been granted; start vantrel without "
+                              "a verb and allow it, or name calendars with --calendars");
+    }
+    Q_UNREACHABLE();
+}
+
 int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
     const QCoreApplication application(argc, argv);
     if (const auto path = unreadable(command.calendars))
@@ -134,7 +161,12 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
         isOwn ? StoreConfiguration::ofUser(command.profile)
               : StoreConfiguration::ofPaths(command.calendars, command.profile);
     configuration.fixedWindow = {now, now + command.horizon};
-    LocalEventStore store(queue, configuration, currentCalendar);
+    LocalEventStore store(
+        queue, configuration, currentCalendar,
+        isOwn ? std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), nullptr)
+              : StoreAccess::granted());
+    if (const auto reason = whyNothingIsRead(store.authorizationStatus()))
+        return fail(failed, *reason);
     store.loadNow();
 
     JsonUserDefaults defaults(settingsFile(command.profile));

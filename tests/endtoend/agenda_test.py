@@ -134,13 +134,33 @@ class AgendaTest(unittest.TestCase):
         self.assertEqual(len({identifier.split("|")[0] for identifier in first}), 1)
         self.assertTrue(all(identifier.count("|") == 1 for identifier in first))
 
+    def grant(self, folder):
+        self.write(f"{folder}/access.json", json.dumps({"calendarAccess": "granted"}))
+
     def test_reads_the_selected_calendars_of_the_profile(self):
+        self.grant("profile")
         self.write("profile/calendars/work/a.ics", calendar(event("a", "DTSTART:20260302T090000Z")))
         self.assertEqual(self.starts(more=["--profile", self.folder / "profile"]), ["2026-03-02T10:00:00+01:00"])
         self.write("profile/settings.json", json.dumps({"Vantrel.selectedCalendarIDs": []}))
         self.assertEqual(self.starts(more=["--profile", self.folder / "profile"]), [])
 
+    def test_reads_nothing_that_the_user_has_not_granted(self):
+        self.write("home/.local/share/Vantrel/calendars/work/a.ics",
+                   calendar(event("a", "DTSTART:20260302T090000Z")))
+        access = "home/.config/Vantrel/access.json"
+        for answer in [None, '{"calendarAccess": "denied"}', '{"calendarAccess":']:
+            with self.subTest(answer=answer):
+                if answer:
+                    self.write(access, answer)
+                result = self.run_vantrel("agenda", "--json", "--now", "2026-03-02T07:00:00Z")
+                self.assertEqual(result.returncode, 1)
+                self.assertEqual(result.stdout, "")
+                self.assertIn("access to the calendars has not been granted", result.stderr)
+                if not answer:
+                    self.assertFalse((self.folder / access).exists())
+
     def test_reads_the_users_own_calendars(self):
+        self.grant("home/.config/Vantrel")
         self.write("home/.local/share/Vantrel/calendars/work/a.ics",
                    calendar(event("a", "DTSTART:20260302T090000Z")))
         self.assertEqual(self.starts(), ["2026-03-02T10:00:00+01:00"])

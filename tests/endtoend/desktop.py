@@ -153,16 +153,25 @@ class Desktop(contextlib.ExitStack):
 class Agent:
     """The program on a profile of its own, with a browser that writes down what it opens."""
 
-    def __init__(self, desktop, vantrel, **settings):
+    def __init__(self, desktop, vantrel, access="granted", starts=True, **settings):
+        """`access` is the answer that the user gave before; None when nobody has been asked."""
         self.desktop = desktop
         self.profile = desktop.folder / "profile"
         self.calendars = self.profile / "calendars"
         (self.calendars / "work").mkdir(parents=True)
         self.settings = {f"Vantrel.{name}": value for name, value in settings.items()}
         (self.profile / "settings.json").write_text(json.dumps(self.settings))
+        self.access_file = self.profile / "access.json"
+        if access:
+            self.access_file.write_text(json.dumps({"calendarAccess": access}))
         self.opened = desktop.folder / "opened"
         self._register_browser()
-        self.process = desktop.start(vantrel, "--profile", str(self.profile))
+        self.command = [vantrel, "--profile", str(self.profile)]
+        if starts:
+            self.start()
+
+    def start(self):
+        self.process = self.desktop.start(*self.command)
 
     def _register_browser(self):
         script = self.desktop.folder / "browser"

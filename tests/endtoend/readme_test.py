@@ -80,6 +80,10 @@ class ReadmeTest(unittest.TestCase):
                 "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:VEVENT\r\nUID:a\r\nSUMMARY:Mine\r\n"
                 f"DTSTART:{stamp(start)}\r\nDURATION:PT30M\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n")
             desktop.start("bash", "-c", f"cd '{self.tree}' && exec {command}")
+            within(60, lambda: desktop.windows(name="^Vantrel$"), "it asked for the calendars")
+            within(5, lambda: share(desktop.picture(), (700, 300, 1220, 780), SURFACE) > 0.3,
+                   "the question is drawn")
+            desktop.press("Return")
             within(60, lambda: len(desktop.panels()) == 2, "the takeover came")
             within(3, lambda: share(desktop.picture(), LEFT, SURFACE) > 0.7, "the takeover is drawn")
             desktop.press("Escape")
@@ -88,6 +92,9 @@ class ReadmeTest(unittest.TestCase):
 
     def run_agenda(self, command):
         (self.home / "calendars").mkdir(exist_ok=True)
+        configuration = self.home / ".config" / "Vantrel"
+        configuration.mkdir(parents=True, exist_ok=True)
+        (configuration / "access.json").write_text('{"calendarAccess": "granted"}')
         result = subprocess.run(command, shell=True, cwd=self.tree, env=self.environment(), check=False,
                                 capture_output=True, text=True)
         self.assertEqual(result.returncode, 0, result.stderr)

@@ -22,4 +22,7 @@ struct Scene {
 /// The takeover's faces, over palettes, screens and titles.
 [[nodiscard]] std::vector<Scene> takeoverScenes();
 
+/// The question for the calendars, over palettes, sizes and places.
+[[nodiscard]] std::vector<Scene> consentScenes();
+
 } // namespace vantrel::gallery

@@ -68,7 +68,9 @@ int main(int argc, char **argv) {
     parser.addOptions({writeOption, onlyOption, listOption});
     parser.process(application);
 
-    const auto scenes = takeoverScenes();
+    auto scenes = takeoverScenes();
+    const auto questions = consentScenes();
+    scenes.insert(scenes.end(), questions.begin(), questions.end());
     const QString only = parser.value(onlyOption);
     if (parser.isSet(listOption)) {
         for (const Scene &scene : scenes)

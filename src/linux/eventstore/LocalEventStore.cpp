@@ -1,36 +1,41 @@
 #include "LocalEventStore.h"
 
+#include "StoreAccess.h"
 #include "StoreLoader.h"
 
 #include <utility>
 
 namespace vantrel {
 
-LocalEventStore::LocalEventStore(MainQueue &queue, const StoreConfiguration &configuration,
-                                 CurrentCalendar currentCalendar)
+LocalEventStore::LocalEventStore(MainQueue &queue, StoreConfiguration configuration,
+                                 CurrentCalendar currentCalendar,
+                                 std::unique_ptr<StoreAccess> access)
     : m_queue(queue),
-      m_loader(
-          std::make_unique<StoreLoader>(queue, configuration, std::move(currentCalendar),
-                                        [this](auto calendars) { take(std::move(calendars)); })) {}
+      m_configuration(std::move(configuration)),
+      m_currentCalendar(std::move(currentCalendar)),
+      m_access(std::move(access)),
+      m_grant(m_access->wasGranted.subscribe([this] { start(); })) {}
 
 LocalEventStore::~LocalEventStore() = default;
 
 void LocalEventStore::start() {
+    if (m_loader || m_access->status() != StoreAuthorization::fullAccess)
+        return;
+    m_loader = makeLoader();
     m_loader->start();
 }
 
 void LocalEventStore::loadNow() {
-    m_loader->loadNow();
+    if (m_access->status() == StoreAuthorization::fullAccess)
+        makeLoader()->loadNow();
 }
 
 StoreAuthorization LocalEventStore::authorizationStatus() const {
-    return StoreAuthorization::fullAccess;
+    return m_access->status();
 }
 
 void LocalEventStore::requestFullAccessToEvents(AccessCompletion completion) {
-    QMetaObject::invokeMethod(
-        &m_receiver, [completion = std::move(completion)] { completion(true, {}); },
-        Qt::QueuedConnection);
+    m_access->request(m_configuration.places(), std::move(completion));
 }
 
 std::vector<StoreCalendar> LocalEventStore::calendars() const {
@@ -40,13 +45,19 @@ std::vector<StoreCalendar> LocalEventStore::calendars() const {
 std::vector<StoreEvent>
 LocalEventStore::events(Instant from, Instant to,
                         const std::vector<QString> &calendarIdentifiers) const {
-    m_loader->noteQuestion(from, to);
+    if (m_loader)
+        m_loader->noteQuestion(from, to);
     return m_index.events(from, to, calendarIdentifiers);
 }
 
 std::optional<StoreEvent>
 LocalEventStore::eventWithIdentifier(const QString &eventIdentifier) const {
     return m_index.eventWithIdentifier(eventIdentifier, m_queue.now());
+}
+
+std::unique_ptr<StoreLoader> LocalEventStore::makeLoader() {
+    return std::make_unique<StoreLoader>(m_queue, m_configuration, m_currentCalendar,
+                                         [this](auto calendars) { take(std::move(calendars)); });
 }
 
 void LocalEventStore::take(std::optional<EventIndex::Calendars> calendars) {

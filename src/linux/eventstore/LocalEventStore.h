@@ -7,13 +7,12 @@
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 
-#include <QObject>
-
 #include <memory>
 #include <vector>
 
 namespace vantrel {
 
+class StoreAccess;
 class StoreLoader;
 
 /// The calendars on this machine: folders of `.ics` files, read and expanded on a thread of the
@@ -22,18 +21,21 @@ class StoreLoader;
 /// Answers know a window of time around now (see `StoreConfiguration`), which moves along with the
 /// clock; what lies outside is not answered. `changed` is announced when calendars or events
 /// change, and when the machine wakes or its clock or time zone is set.
+///
+/// Nothing is read, listed, watched or loaded before the user allowed it.
 class LocalEventStore : public EventStore {
 public:
     /// Reads nothing yet. `queue` outlives the store.
-    LocalEventStore(MainQueue &queue, const StoreConfiguration &configuration,
-                    CurrentCalendar currentCalendar);
+    LocalEventStore(MainQueue &queue, StoreConfiguration configuration,
+                    CurrentCalendar currentCalendar, std::unique_ptr<StoreAccess> access);
     ~LocalEventStore() override;
 
-    /// Starts to read and to watch. Until `isLoaded` the answers are empty.
+    /// Starts to read and to watch, as soon as access is granted. Until `isLoaded` the answers are
+    /// empty.
     void start();
 
     /// Reads everything before it returns, and watches nothing: for a question that is asked once.
-    /// Not together with `start`.
+    /// Not together with `start`, and nothing without access.
     void loadNow();
 
     /// Whether everything has been read once. `changed` is announced when that becomes so.
@@ -53,13 +55,17 @@ public:
     eventWithIdentifier(const QString &eventIdentifier) const override;
 
 private:
+    [[nodiscard]] std::unique_ptr<StoreLoader> makeLoader();
     void take(std::optional<EventIndex::Calendars> calendars);
 
     MainQueue &m_queue;
+    const StoreConfiguration m_configuration;
+    const CurrentCalendar m_currentCalendar;
     EventIndex m_index;
     bool m_isLoaded = false;
-    QObject m_receiver; ///< Messages to it are dropped once it is gone.
-    std::unique_ptr<StoreLoader> m_loader;
+    std::unique_ptr<StoreAccess> m_access;
+    Subscription m_grant;
+    std::unique_ptr<StoreLoader> m_loader; ///< Null as long as nothing may be read.
 };
 
 } // namespace vantrel

@@ -1,46 +1,16 @@
 #include "StoreConfiguration.h"
 
+#include "ConfigurationFile.h"
+
 #include <linux/eventstore/source/StoreLog.h>
 
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QStandardPaths>
 
 namespace vantrel {
 
 namespace {
-
-constexpr qint64 maximumFileSize = 1024 * 1024;
-
-QString placeBelow(const std::optional<QString> &profile, QStandardPaths::StandardLocation location,
-                   QLatin1String name) {
-    if (profile)
-        return *profile + u'/' + name;
-    return QStandardPaths::writableLocation(location) + QLatin1String("/Vantrel/") + name;
-}
-
-QJsonObject readFile(const QString &path) {
-    QFile file(path);
-    if (!file.exists())
-        return {};
-    if (!file.open(QIODevice::ReadOnly)) {
-        qCWarning(eventStoreLog).noquote().nospace()
-            << path << ": not read (" << file.errorString() << ")";
-        return {};
-    }
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.read(maximumFileSize), &error);
-    if (!document.isObject()) {
-        const QString reason = error.error == QJsonParseError::NoError
-                                   ? QStringLiteral("no JSON object")
-                                   : error.errorString();
-        qCWarning(eventStoreLog).noquote().nospace() << path << ": not read (" << reason << ")";
-    }
-    return document.object();
-}
 
 /// The texts of an array; whatever else stands there is logged and passed over.
 QStringList texts(const QJsonObject &object, const QString &key, const QString &path) {
@@ -67,12 +37,17 @@ QString withHome(const QString &path) {
     return path.startsWith(QLatin1String("~/")) ? QDir::homePath() + path.mid(1) : path;
 }
 
+QString withoutHome(const QString &path) {
+    return path.startsWith(QDir::homePath() + u'/') ? u'~' + path.mid(QDir::homePath().size())
+                                                    : path;
+}
+
 } // namespace
 
 StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &profile) {
     const QString path =
         placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
-    const QJsonObject file = readFile(path);
+    const QJsonObject file = readConfigurationFile(path).object;
     StoreConfiguration configuration;
     configuration.roots.push_back(
         {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
@@ -91,6 +66,16 @@ StoreConfiguration StoreConfiguration::ofPaths(const QStringList &paths,
     for (const QString &path : paths)
         configuration.roots.push_back({path, {}, false});
     return configuration;
+}
+
+std::vector<CalendarPlace> StoreConfiguration::places() const {
+    std::vector<CalendarPlace> places;
+    for (const FolderRoot &root : roots) {
+        const QString path = QDir::cleanPath(root.path);
+        const QString name = root.title.isEmpty() ? path.section(u'/', -1) : root.title;
+        places.push_back({name.isEmpty() ? path : name, withoutHome(path)});
+    }
+    return places;
 }
 
 } // namespace vantrel

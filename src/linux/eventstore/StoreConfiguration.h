@@ -1,6 +1,7 @@
 #pragma once
 
 #include <linux/eventstore/folders/FolderSource.h>
+#include <platform/AccessPrompt.h>
 #include <platform/Time.h>
 
 #include <QString>
@@ -38,3 +39,6 @@ struct StoreConfiguration {
 };
 
 } // namespace vantrel
+
+    /// The roots by name, for a person. Touches no disk.
+    [[nodiscard]] std::vector<CalendarPlace> places() const;

@@ -139,7 +139,8 @@ TEST_F(LocalEventStoreTest, KeepsToTheWindowOfItsConfiguration) {
     StoreConfiguration configuration;
     configuration.roots.push_back({files.path(QStringLiteral("one.ics")), {}, false});
     configuration.fixedWindow = {at("2031-01-01T00:00:00"), at("2031-01-08T00:00:00")};
-    LocalEventStore store(queue, configuration, [] { return fakes::calendarIn("UTC"); });
+    LocalEventStore store(
+        queue, configuration, [] { return fakes::calendarIn("UTC"); }, StoreAccess::granted());
     store.loadNow();
     EXPECT_EQ(store.events(at("2030-01-01T00:00:00"), at("2032-01-01T00:00:00"), identifiers(store))
                   .size(),
@@ -153,7 +154,8 @@ TEST_F(LocalEventStoreTest, BearsAWindowWithoutMeasure) {
     StoreConfiguration configuration;
     configuration.roots.push_back({files.path(QStringLiteral("one.ics")), {}, false});
     configuration.fixedWindow = {Instant{Seconds{-1e300}}, Instant{Seconds{1e300}}};
-    LocalEventStore store(queue, configuration, [] { return fakes::calendarIn("UTC"); });
+    LocalEventStore store(
+        queue, configuration, [] { return fakes::calendarIn("UTC"); }, StoreAccess::granted());
     store.loadNow();
     const auto found =
         store.events(Instant{Seconds{-1e300}}, Instant{Seconds{1e300}}, identifiers(store));

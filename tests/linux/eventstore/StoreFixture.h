@@ -6,6 +6,7 @@
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
 #include <linux/eventstore/LocalEventStore.h>
+#include <linux/eventstore/StoreAccess.h>
 
 #include <memory>
 #include <string>
@@ -21,8 +22,9 @@ protected:
         configuration.addresses = {QStringLiteral("me@example.com")};
         for (const QString &name : names)
             configuration.roots.push_back({files.path(name), {}, false});
-        return std::make_unique<LocalEventStore>(queue, configuration,
-                                                 [this] { return fakes::calendarIn(zone); });
+        return std::make_unique<LocalEventStore>(
+            queue, configuration, [this] { return fakes::calendarIn(zone); },
+            StoreAccess::granted());
     }
 
     std::unique_ptr<LocalEventStore> load(const QStringList &names) {

@@ -67,7 +67,8 @@ TEST_F(FolderSourceTest, AnEmptyCalendarHomeHoldsNoCalendar) {
     StoreConfiguration configuration;
     configuration.roots.push_back({files.path(QStringLiteral("home")), {}, true});
     configuration.roots.push_back({files.path(QStringLiteral("missing")), {}, true});
-    LocalEventStore store(queue, configuration, [] { return fakes::calendarIn("UTC"); });
+    LocalEventStore store(
+        queue, configuration, [] { return fakes::calendarIn("UTC"); }, StoreAccess::granted());
     store.loadNow();
     EXPECT_THAT(store.calendars(), IsEmpty());
     EXPECT_EQ(log.text(), "");

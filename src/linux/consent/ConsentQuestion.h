@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ConsentViewModel.h"
+
+#include <platform/AccessPrompt.h>
+#include <platform/ShieldingPanels.h>
+
+#include <QObject>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+class QQmlEngine;
+class QQuickItem;
+class QQuickWindow;
+
+namespace vantrel {
+
+/// What the window shows. `viewModel` must outlive it; `palette` is a `themePalette`.
+[[nodiscard]] PanelContent consentContent(ConsentViewModel &viewModel, const QVariant &palette);
+
+/// One question in its window; destroying it takes the window away.
+class ConsentQuestion {
+public:
+    /// `answered` is called once, by the event loop; it may destroy the question.
+    ConsentQuestion(const std::vector<CalendarPlace> &places, const QVariant &palette,
+                    AccessPrompt::Answered answered);
+    ConsentQuestion(const ConsentQuestion &) = delete;
+    ConsentQuestion &operator=(const ConsentQuestion &) = delete;
+    ~ConsentQuestion();
+
+    /// A window that cannot be made counts as put aside, with a log line.
+    void show();
+
+private:
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeView(const QVariant &palette);
+    void place();
+    void pass(AccessPrompt::Answer answer, AccessPrompt::Answered answered);
+
+    ConsentViewModel m_viewModel;
+    std::unique_ptr<QQmlEngine> m_engine;
+    std::unique_ptr<QQuickWindow> m_window;
+    std::unique_ptr<QQuickItem> m_view; ///< Null when it could not be made.
+    QObject m_receiver;                 ///< Messages to it are dropped once it is gone.
+};
+
+} // namespace vantrel
