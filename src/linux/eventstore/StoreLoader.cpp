@@ -2,6 +2,7 @@
 
 #include "StoreCatalog.h"
 
+#include <linux/eventstore/evolution/EvolutionSource.h>
 #include <linux/eventstore/folders/FolderSource.h>
 
 #include <QMetaObject>
@@ -16,6 +17,9 @@ namespace {
 
 /// Often enough that a day never goes by unnoticed, whatever happened to the clock.
 constexpr Seconds rollInterval{900.0};
+
+/// How long a question that is asked once waits for services to tell what they have.
+constexpr Seconds patience{5.0};
 
 constexpr int threadLifetime = 1000; // milliseconds without work
 
@@ -40,6 +44,8 @@ StoreLoader::StoreLoader(MainQueue &queue, const StoreConfiguration &configurati
       m_currentCalendar(std::move(currentCalendar)),
       m_take(std::move(take)) {
     m_sources.push_back(std::make_unique<FolderSource>(m_queue, configuration.roots));
+    if (configuration.evolutionModule)
+        m_sources.push_back(std::make_unique<EvolutionSource>(*configuration.evolutionModule));
     std::vector<ComponentSource *> sources;
     for (const auto &source : m_sources) {
         sources.push_back(source.get());
@@ -57,14 +63,23 @@ StoreLoader::~StoreLoader() {
 
 void StoreLoader::start() {
     m_clockWatch = std::make_unique<ClockWatch>([this] { noteClock(); });
-    for (const auto &source : m_sources)
-        source->start();
+    startSources();
     m_rolling = m_queue.every(rollInterval, [this] { rollWhenDue(); });
     bringUpToDate();
 }
 
 void StoreLoader::loadNow() {
+    startSources();
+    for (const auto &source : m_sources)
+        source->waitUntilDelivered(patience);
     m_take(m_catalog->bring(windowNow(), m_currentCalendar().timeZone()));
+}
+
+void StoreLoader::startSources() {
+    for (const auto &source : m_sources) {
+        source->setWindow(windowNow());
+        source->start();
+    }
 }
 
 void StoreLoader::noteQuestion(Instant from, Instant to) {
@@ -103,7 +118,11 @@ void StoreLoader::bringUpToDate() {
     if (m_isReading)
         return;
     m_isReading = true;
-    m_window = windowNow();
+    const Window window = windowNow();
+    if (window != std::exchange(m_window, window)) {
+        for (const auto &source : m_sources)
+            source->setWindow(window);
+    }
     m_zone = m_currentCalendar().timeZone();
     m_worker.start([this, window = m_window, zone = m_zone] {
         auto calendars = m_catalog->bring(window, zone);

@@ -48,6 +48,7 @@ public:
 private:
     [[nodiscard]] Window windowNow() const;
     [[nodiscard]] bool isDue() const;
+    void startSources();
     void noteClock();
     void bringUpToDate();
     void rollWhenDue();

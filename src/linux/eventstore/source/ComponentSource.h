@@ -87,6 +87,10 @@ public:
     /// What can be told beyond the list that was last answered. Nothing, unless a source says more.
     [[nodiscard]] virtual SourceKnowledge knowledge() const { return {}; }
 
+    /// For people, in one sentence: what keeps it from showing all that it should. Empty when
+    /// nothing does.
+    [[nodiscard]] virtual QString trouble() const { return {}; }
+
     /// The items of one of those calendars, in any order. Empty when they cannot be had; `changed`
     /// is then announced later, for another try, and so it is for a text.
     [[nodiscard]] virtual std::optional<std::vector<SourceItem>>
