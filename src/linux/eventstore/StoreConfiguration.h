@@ -18,6 +18,9 @@ struct StoreConfiguration {
     std::vector<FolderRoot> roots;
     QStringList addresses; ///< The user's own, lower case, without "mailto:".
 
+    /// The module that shows the desktop's accounts; without one they are left alone.
+    std::optional<QString> evolutionModule;
+
     /// The window goes from so many days before today's midnight to so many behind it, and moves
     /// along with the clock.
     int daysBefore = 1;
@@ -36,9 +39,9 @@ struct StoreConfiguration {
     /// Those paths and nothing else; the user's addresses all the same.
     static StoreConfiguration ofPaths(const QStringList &paths,
                                       const std::optional<QString> &profile = {});
-};
-
-} // namespace vantrel
 
     /// The roots by name, for a person. Touches no disk.
     [[nodiscard]] std::vector<CalendarPlace> places() const;
+};
+
+} // namespace vantrel
