@@ -75,6 +75,15 @@ void StoreLoader::loadNow() {
     m_take(m_catalog->bring(windowNow(), m_currentCalendar().timeZone()));
 }
 
+QStringList StoreLoader::troubles() const {
+    QStringList troubles;
+    for (const auto &source : m_sources) {
+        if (const QString trouble = source->trouble(); !trouble.isEmpty())
+            troubles.append(trouble);
+    }
+    return troubles;
+}
+
 void StoreLoader::startSources() {
     for (const auto &source : m_sources) {
         source->setWindow(windowNow());

@@ -10,6 +10,7 @@
 #include <platform/MainQueue.h>
 
 #include <QObject>
+#include <QStringList>
 #include <QThreadPool>
 #include <QTimeZone>
 
@@ -41,6 +42,9 @@ public:
 
     /// Calls `take` once, before it returns.
     void loadNow();
+
+    /// What the sources cannot show, for people: a sentence each.
+    [[nodiscard]] QStringList troubles() const;
 
     /// Has the window move on soon if a question about that stretch of time shows that it must.
     void noteQuestion(Instant from, Instant to);
