@@ -30,6 +30,10 @@ void LocalEventStore::loadNow() {
         makeLoader()->loadNow();
 }
 
+QStringList LocalEventStore::troubles() const {
+    return m_loader ? m_loader->troubles() : QStringList();
+}
+
 StoreAuthorization LocalEventStore::authorizationStatus() const {
     return m_access->status();
 }

@@ -7,6 +7,8 @@
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 
+#include <QStringList>
+
 #include <memory>
 #include <vector>
 
@@ -40,6 +42,9 @@ public:
 
     /// Whether everything has been read once. `changed` is announced when that becomes so.
     [[nodiscard]] bool isLoaded() const { return m_isLoaded; }
+
+    /// What keeps the store from showing all that it should, for people: a sentence each.
+    [[nodiscard]] QStringList troubles() const;
 
     [[nodiscard]] StoreAuthorization authorizationStatus() const override;
     void requestFullAccessToEvents(AccessCompletion completion) override;

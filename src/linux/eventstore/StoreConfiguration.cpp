@@ -2,6 +2,7 @@
 
 #include "ConfigurationFile.h"
 
+#include <linux/eventstore/evolution/EvolutionSource.h>
 #include <linux/eventstore/source/StoreLog.h>
 
 #include <QDir>
@@ -52,6 +53,8 @@ StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &prof
     configuration.roots.push_back(
         {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
          QStringLiteral("On This Computer"), true});
+    if (!profile)
+        configuration.evolutionModule = EvolutionSource::moduleOfProgram();
     for (const QString &folder : texts(file, QStringLiteral("folders"), path))
         configuration.roots.push_back({withHome(folder), {}, false});
     for (const QString &address : texts(file, QStringLiteral("addresses"), path))

@@ -33,7 +33,8 @@ struct StoreConfiguration {
     /// in `$XDG_CONFIG_HOME/Vantrel/calendars.json`:
     /// `{"folders": ["/path"], "addresses": ["me@example.com"]}`. A file that cannot be read is
     /// logged and passed over; a "~/" at the beginning of a folder means the home folder. Both lie
-    /// directly in the folder `profile` instead when one is given.
+    /// directly in the folder `profile` instead when one is given, and the desktop's accounts, which
+    /// belong to no such profile, are then left alone.
     static StoreConfiguration ofUser(const std::optional<QString> &profile = {});
 
     /// Those paths and nothing else; the user's addresses all the same.

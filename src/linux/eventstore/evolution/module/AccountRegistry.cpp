@@ -53,27 +53,26 @@ void AccountRegistry::adoptBus(GDBusConnection *bus) {
 }
 
 void AccountRegistry::open() {
-    e_source_registry_new(
-        m_cancellable.get(), Async::ready,
-        Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
-                        GObject * /*object*/, GAsyncResult *result) {
-            Failure failure;
-            const Reference<ESourceRegistry> registry(
-                e_source_registry_new_finish(result, failure.out()));
-            const auto self = weak.lock();
-            if (!self || self->m_cancellable.get() != attempt)
-                return;
-            if (registry)
-                self->adopt(registry.get());
-            else
-                self->fail("the registry of accounts: " + failure.message());
-        }));
+    e_source_registry_new(m_cancellable.get(), Async::ready,
+                          Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
+                                          GObject * /*object*/, GAsyncResult *result) {
+                              Failure failure;
+                              const Reference<ESourceRegistry> registry(
+                                  e_source_registry_new_finish(result, failure.out()));
+                              const auto self = weak.lock();
+                              if (!self || self->m_cancellable.get() != attempt)
+                                  return;
+                              if (registry)
+                                  self->adopt(registry.get());
+                              else
+                                  self->fail("the registry of accounts: " + failure.message());
+                          }));
 }
 
 void AccountRegistry::adopt(ESourceRegistry *registry) {
     m_registry = anotherReference(registry);
-    for (const char *const signal : {"source-added", "source-removed", "source-changed",
-                                     "source-enabled", "source-disabled"})
+    for (const char *const signal :
+         {"source-added", "source-removed", "source-changed", "source-enabled", "source-disabled"})
         g_signal_connect(registry, signal, G_CALLBACK(sourcesChanged), this);
     m_watch =
         g_bus_watch_name_on_connection(m_bus.get(), serviceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
@@ -114,8 +113,8 @@ void AccountRegistry::wakeService() {
         G_DBUS_CALL_FLAGS_NONE, -1, m_cancellable.get(), Async::ready,
         Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
             Failure failure;
-            GVariant *const answer = g_dbus_connection_call_finish(G_DBUS_CONNECTION(object),
-                                                                   result, failure.out());
+            GVariant *const answer =
+                g_dbus_connection_call_finish(G_DBUS_CONNECTION(object), result, failure.out());
             if (answer)
                 g_variant_unref(answer);
             const auto self = weak.lock();

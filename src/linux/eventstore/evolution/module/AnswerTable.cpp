@@ -124,9 +124,8 @@ void AnswerTable::setTrouble(const QString &trouble) {
 }
 
 bool AnswerTable::isSettled() const {
-    return m_isRegistrySettled &&
-           std::all_of(m_calendars.begin(), m_calendars.end(),
-                       [](const auto &one) { return one.second.isSettled; });
+    return m_isRegistrySettled && std::all_of(m_calendars.begin(), m_calendars.end(),
+                                              [](const auto &one) { return one.second.isSettled; });
 }
 
 void AnswerTable::waitUntilSettled(Seconds limit) {

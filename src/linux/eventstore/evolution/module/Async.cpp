@@ -32,14 +32,12 @@ gpointer Async::data(Finish finish) {
 }
 
 void Async::inThread(GObject *object, std::function<void()> work, std::function<void()> finish) {
-    const Reference<GTask> task(g_task_new(
-        object, nullptr, ready,
-        data([finish = std::move(finish)](GObject * /*object*/, GAsyncResult * /*result*/) {
-            finish();
-        })));
-    g_task_set_task_data(task.get(),
-                         std::make_unique<std::function<void()>>(std::move(work)).release(),
-                         dropWork);
+    const Reference<GTask> task(
+        g_task_new(object, nullptr, ready,
+                   data([finish = std::move(finish)](GObject * /*object*/,
+                                                     GAsyncResult * /*result*/) { finish(); })));
+    g_task_set_task_data(
+        task.get(), std::make_unique<std::function<void()>>(std::move(work)).release(), dropWork);
     g_task_run_in_thread(task.get(), runWork);
 }
 

@@ -21,8 +21,7 @@ public:
 
     /// Runs `work` on a thread of GLib's pool, for a call that has no asynchronous form, and then
     /// `finish` here. `object` stays alive until both have run.
-    static void inThread(GObject *object, std::function<void()> work,
-                         std::function<void()> finish);
+    static void inThread(GObject *object, std::function<void()> work, std::function<void()> finish);
 
     /// Calls of this thread that have not been answered yet.
     [[nodiscard]] static int outstanding();

@@ -51,22 +51,22 @@ void CalendarFeed::queue() {
 void CalendarFeed::connect() {
     noteProgress();
     m_cancellable.reset(g_cancellable_new());
-    e_cal_client_connect(
-        m_source.get(), E_CAL_CLIENT_SOURCE_TYPE_EVENTS, withoutWaiting, m_cancellable.get(),
-        Async::ready,
-        Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
-                        GObject * /*object*/, GAsyncResult *result) {
-            Failure failure;
-            EClient *const client = e_cal_client_connect_finish(result, failure.out());
-            const Reference<EClient> owned(client);
-            const auto self = weak.lock();
-            if (!self || self->m_cancellable.get() != attempt)
-                return;
-            if (client)
-                self->adopt(reinterpret_cast<ECalClient *>(client));
-            else
-                self->fail("cannot connect: " + failure.message());
-        }));
+    e_cal_client_connect(m_source.get(), E_CAL_CLIENT_SOURCE_TYPE_EVENTS, withoutWaiting,
+                         m_cancellable.get(), Async::ready,
+                         Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
+                                         GObject * /*object*/, GAsyncResult *result) {
+                             Failure failure;
+                             EClient *const client =
+                                 e_cal_client_connect_finish(result, failure.out());
+                             const Reference<EClient> owned(client);
+                             const auto self = weak.lock();
+                             if (!self || self->m_cancellable.get() != attempt)
+                                 return;
+                             if (client)
+                                 self->adopt(reinterpret_cast<ECalClient *>(client));
+                             else
+                                 self->fail("cannot connect: " + failure.message());
+                         }));
 }
 
 void CalendarFeed::adopt(ECalClient *client) {
@@ -84,8 +84,7 @@ void CalendarFeed::adopt(ECalClient *client) {
 void CalendarFeed::askForAddresses() {
     e_client_get_backend_property(
         E_CLIENT(m_client.get()), E_CAL_BACKEND_PROPERTY_CAL_EMAIL_ADDRESS, m_cancellable.get(),
-        Async::ready,
-        Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
+        Async::ready, Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
             Failure failure;
             gchar *text = nullptr;
             e_client_get_backend_property_finish(E_CLIENT(object), result, &text, failure.out());
@@ -190,8 +189,8 @@ void CalendarFeed::backendFailed(EClient * /*client*/, const gchar *message, gpo
 
 void CalendarFeed::readOnlyChanged(EClient *client, GParamSpec * /*property*/, gpointer self) {
     auto *feed = static_cast<CalendarFeed *>(self);
-    feed->noteIf(feed->m_surroundings.table.setWritable(feed->m_identifier,
-                                                        !e_client_is_readonly(client)));
+    feed->noteIf(
+        feed->m_surroundings.table.setWritable(feed->m_identifier, !e_client_is_readonly(client)));
 }
 
 void CalendarFeed::noteIf(bool isDifferent) {

@@ -44,8 +44,7 @@ QByteArray recurrenceIdOf(ICalComponent *component) {
 
 void removeAll(ICalComponent *component, ICalPropertyKind kind) {
     for (;;) {
-        const Reference<ICalProperty> property(
-            i_cal_component_get_first_property(component, kind));
+        const Reference<ICalProperty> property(i_cal_component_get_first_property(component, kind));
         if (!property)
             return;
         i_cal_component_remove_property(component, property.get());
@@ -227,8 +226,8 @@ void CalendarView::finishFetch(const QByteArray &uid, GAsyncResult *result) {
     });
     --m_fetches;
     const auto keepAlive = shared_from_this();
-    const bool isGone = !failure || failure.is(E_CAL_CLIENT_ERROR,
-                                               E_CAL_CLIENT_ERROR_OBJECT_NOT_FOUND);
+    const bool isGone =
+        !failure || failure.is(E_CAL_CLIENT_ERROR, E_CAL_CLIENT_ERROR_OBJECT_NOT_FOUND);
     if (m_entries.find(uid) == m_entries.end())
         checkFilled();
     else if (!item.events.isEmpty())

@@ -85,8 +85,8 @@ private:
     Reference<ECalClientView> m_view;
     std::map<QByteArray, Entry> m_entries; ///< By UID.
     std::deque<QByteArray> m_toFetch;
-    int m_fetches = 0;    ///< Under way.
-    int m_loading = 0;    ///< Entries.
+    int m_fetches = 0;         ///< Under way.
+    int m_loading = 0;         ///< Entries.
     bool m_isComplete = false; ///< The service has listed everything.
     bool m_isFilled = false;
 };

@@ -9,12 +9,15 @@
 namespace vantrel {
 
 /// Owns one reference to a GObject.
-template <typename T> struct Unreference {
+template <typename T>
+struct Unreference {
     void operator()(T *object) const { g_object_unref(object); }
 };
-template <typename T> using Reference = std::unique_ptr<T, Unreference<T>>;
+template <typename T>
+using Reference = std::unique_ptr<T, Unreference<T>>;
 
-template <typename T> [[nodiscard]] Reference<T> anotherReference(T *object) {
+template <typename T>
+[[nodiscard]] Reference<T> anotherReference(T *object) {
     return Reference<T>(static_cast<T *>(g_object_ref(object)));
 }
 
@@ -47,7 +50,8 @@ inline QByteArray takeText(gchar *text) {
 }
 
 /// Takes over a list of references and calls `take` with each object.
-template <typename T, typename Take> void forEachTaken(GSList *list, Take take) {
+template <typename T, typename Take>
+void forEachTaken(GSList *list, Take take) {
     for (GSList *link = list; link; link = link->next) {
         const Reference<T> object(static_cast<T *>(link->data));
         take(object.get());

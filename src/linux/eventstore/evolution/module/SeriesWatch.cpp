@@ -18,23 +18,22 @@ SeriesWatch::~SeriesWatch() {
 }
 
 void SeriesWatch::open(std::function<void(const QByteArray &)> opened) {
-    e_cal_client_get_view(
-        m_client.get(), "(has-recurrences?)", m_cancellable.get(), Async::ready,
-        Async::data([weak = weak_from_this(), opened = std::move(opened)](GObject *object,
-                                                                         GAsyncResult *result) {
-            Failure failure;
-            ECalClientView *view = nullptr;
-            e_cal_client_get_view_finish(reinterpret_cast<ECalClient *>(object), result, &view,
-                                         failure.out());
-            const Reference<ECalClientView> owned(view);
-            const auto self = weak.lock();
-            if (!self)
-                return;
-            if (view)
-                self->follow(view, opened);
-            else
-                opened(failure.message());
-        }));
+    e_cal_client_get_view(m_client.get(), "(has-recurrences?)", m_cancellable.get(), Async::ready,
+                          Async::data([weak = weak_from_this(), opened = std::move(opened)](
+                                          GObject *object, GAsyncResult *result) {
+                              Failure failure;
+                              ECalClientView *view = nullptr;
+                              e_cal_client_get_view_finish(reinterpret_cast<ECalClient *>(object),
+                                                           result, &view, failure.out());
+                              const Reference<ECalClientView> owned(view);
+                              const auto self = weak.lock();
+                              if (!self)
+                                  return;
+                              if (view)
+                                  self->follow(view, opened);
+                              else
+                                  opened(failure.message());
+                          }));
 }
 
 void SeriesWatch::follow(ECalClientView *view, std::function<void(const QByteArray &)> opened) {

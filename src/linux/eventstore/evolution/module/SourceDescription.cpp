@@ -20,8 +20,8 @@ QString nameOf(ESource *source) {
 }
 
 QByteArray backendOf(ESource *source) {
-    auto *calendar = static_cast<ESourceBackend *>(
-        e_source_get_extension(source, E_SOURCE_EXTENSION_CALENDAR));
+    auto *calendar =
+        static_cast<ESourceBackend *>(e_source_get_extension(source, E_SOURCE_EXTENSION_CALENDAR));
     return takeText(e_source_backend_dup_backend_name(calendar));
 }
 
@@ -115,10 +115,11 @@ SourceList listSources(ESourceRegistry *registry) {
             list.calendars.push_back({anotherReference(source), std::move(calendar)});
         }
     });
-    std::sort(list.calendars.begin(), list.calendars.end(), [](const auto &left, const auto &right) {
-        return left.calendar.calendar.calendarIdentifier <
-               right.calendar.calendar.calendarIdentifier;
-    });
+    std::sort(list.calendars.begin(), list.calendars.end(),
+              [](const auto &left, const auto &right) {
+                  return left.calendar.calendar.calendarIdentifier <
+                         right.calendar.calendar.calendarIdentifier;
+              });
     return list;
 }
 

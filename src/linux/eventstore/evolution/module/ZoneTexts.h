@@ -40,7 +40,7 @@ private:
     const Reference<ECalClient> m_client;
     const Reference<GCancellable> m_cancellable;
     ZoneRegistry m_system;
-    std::map<QByteArray, QByteArray> m_texts;  ///< By name.
+    std::map<QByteArray, QByteArray> m_texts; ///< By name.
     std::map<QByteArray, bool> m_asked;
     std::vector<Waiting> m_waiting;
 };

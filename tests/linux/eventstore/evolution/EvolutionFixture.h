@@ -1,0 +1,107 @@
+#pragma once
+
+#include "CalendarFiles.h"
+#include "CapturedLog.h"
+#include "PrivateSession.h"
+
+#include <fakes/ManualMainQueue.h>
+#include <fakes/Times.h>
+#include <linux/eventstore/LocalEventStore.h>
+#include <linux/eventstore/StoreAccess.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel::tests {
+
+/// A store on a real Evolution Data Server in a session of the test's own. It stands at 2026-03-02
+/// 08:00 in Zurich, a Monday.
+class EvolutionFixture : public ::testing::Test {
+protected:
+    [[nodiscard]] std::unique_ptr<LocalEventStore> storeOf(StoreConfiguration configuration) {
+        configuration.addresses = {QStringLiteral("me@example.com")};
+        return std::make_unique<LocalEventStore>(
+            queue, configuration, [this] { return fakes::calendarIn(zone); },
+            StoreAccess::granted());
+    }
+
+    void begin() {
+        StoreConfiguration configuration;
+        configuration.evolutionModule = QStringLiteral(EVOLUTION_MODULE);
+        store = storeOf(configuration);
+        m_subscription = store->changed.subscribe([this] { ++changes; });
+        store->start();
+        settle([this] { return store->hasAllCalendars(); }, "the calendars are there");
+    }
+
+    /// Lets the event loop run until the condition holds; the store's clock stands still.
+    template <typename Condition>
+    void settle(Condition condition, const char *what) {
+        const QDeadlineTimer deadline(30'000);
+        while (!condition()) {
+            ASSERT_FALSE(deadline.hasExpired()) << "not within 30 s: " << what << '\n'
+                                                << log.text() << '\n'
+                                                << ::testing::PrintToString(titles());
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+    }
+
+    void settleTitles(const ::testing::Matcher<const std::vector<std::string> &> &matcher,
+                      const char *what) {
+        settle([&] { return matcher.Matches(titles()); }, what);
+    }
+
+    static std::vector<QString> identifiers(const EventStore &ofStore) {
+        std::vector<QString> identifiers;
+        for (const StoreCalendar &calendar : ofStore.calendars())
+            identifiers.push_back(calendar.calendarIdentifier);
+        return identifiers;
+    }
+
+    /// Two weeks from the fixture's day on.
+    std::vector<StoreEvent> events(const EventStore &ofStore) const {
+        return ofStore.events(fakes::at("2026-03-02T00:00:00", zone),
+                              fakes::at("2026-03-16T00:00:00", zone), identifiers(ofStore));
+    }
+
+    std::vector<std::string> titles() const {
+        std::vector<std::string> titles;
+        for (const StoreEvent &event : events(*store))
+            titles.push_back(event.title.value_or(QStringLiteral("-")).toStdString());
+        return titles;
+    }
+
+    [[nodiscard]] std::optional<StoreCalendar> calendar(const QString &title) const {
+        for (const StoreCalendar &one : store->calendars()) {
+            if (one.title == title)
+                return one;
+        }
+        return {};
+    }
+
+    void put(const QByteArray &components, const QString &calendar = ownCalendar()) {
+        session.write({QStringLiteral("put"), calendar, session.file(calendarText(components))});
+    }
+
+    /// The one that every registry brings along.
+    static QString ownCalendar() { return QStringLiteral("system-calendar"); }
+
+    const char *zone = "Europe/Zurich";
+    CapturedLog log;
+    PrivateSession session;
+    fakes::ManualMainQueue queue{fakes::at("2026-03-02T08:00:00", "Europe/Zurich")};
+    std::unique_ptr<LocalEventStore> store;
+    int changes = 0;
+
+private:
+    Subscription m_subscription;
+};
+
+} // namespace vantrel::tests
