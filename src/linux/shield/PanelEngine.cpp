@@ -67,15 +67,15 @@ QQmlEngine &PanelEngine::engine() {
     return *m_engine;
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content) {
-    if (auto view = makeView(content))
+std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content, QSize size) {
+    if (auto view = makeView(content, size))
         return view;
     qCCritical(shieldLog).noquote() << content.module + u'.' + content.typeName
                                     << "cannot be made; a plain panel stands in for it";
     return std::make_unique<PlainWindow>(titleOf(content));
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content) {
+std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content, QSize size) {
     QQmlComponent component(&engine());
     const QString source =
         QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);
@@ -89,6 +89,8 @@ std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content) {
     }
     auto window = std::make_unique<QQuickWindow>();
     window->setColor(Qt::black);
+    // The window's own item has a size only once the window is shown.
+    window->contentItem()->setSize(size);
     component.setInitialProperties(item, content.properties);
     fill(*window, *item);
     component.completeCreate();

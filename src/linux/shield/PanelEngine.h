@@ -2,6 +2,8 @@
 
 #include <platform/ShieldingPanels.h>
 
+#include <QSize>
+
 #include <memory>
 
 class QQmlEngine;
@@ -18,13 +20,14 @@ public:
     PanelEngine &operator=(const PanelEngine &) = delete;
     ~PanelEngine();
 
+    /// A window of that size, in device-independent pixels; nothing is laid out at another one.
     /// Never null: content that cannot be made is logged, and a plain window with the title stands
     /// in for it. The window must not outlive the engine.
-    [[nodiscard]] std::unique_ptr<QWindow> makeWindow(const PanelContent &content);
+    [[nodiscard]] std::unique_ptr<QWindow> makeWindow(const PanelContent &content, QSize size);
 
 private:
     [[nodiscard]] QQmlEngine &engine();
-    [[nodiscard]] std::unique_ptr<QWindow> makeView(const PanelContent &content);
+    [[nodiscard]] std::unique_ptr<QWindow> makeView(const PanelContent &content, QSize size);
 
     std::unique_ptr<QQmlEngine> m_engine;
 };

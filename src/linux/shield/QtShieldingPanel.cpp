@@ -21,14 +21,6 @@ Qt::WindowFlags flagsFor(PanelRole role, bool isOnX11) {
     return flags;
 }
 
-/// With a scale such as 1.5 the monitor's size in device-independent pixels is a rounded one: one
-/// more of them each way leaves no line of it uncovered.
-void fit(QWindow &window, const QScreen &screen) {
-    const double scale = screen.devicePixelRatio();
-    const bool isRounded = std::floor(scale) != scale;
-    window.setGeometry(screen.geometry().adjusted(0, 0, isRounded, isRounded));
-}
-
 } // namespace
 
 QtShieldingPanel::QtShieldingPanel(std::unique_ptr<QWindow> window, PanelEvents &events,
@@ -36,10 +28,18 @@ QtShieldingPanel::QtShieldingPanel(std::unique_ptr<QWindow> window, PanelEvents 
     : m_window(window.release()), m_events(events), m_role(role), m_shield(shield) {
     m_window->setFlags(flagsFor(role, shield != nullptr));
     m_window->setScreen(&screen);
-    fit(*m_window, screen);
+    m_window->setGeometry(frameOver(screen));
     QWindow *shown = m_window;
     QObject::connect(&screen, &QScreen::geometryChanged, shown,
-                     [shown, &screen] { fit(*shown, screen); });
+                     [shown, &screen] { shown->setGeometry(frameOver(screen)); });
+}
+
+/// With a scale such as 1.5 the monitor's size in device-independent pixels is a rounded one: one
+/// more of them each way leaves no line of it uncovered.
+QRect QtShieldingPanel::frameOver(const QScreen &screen) {
+    const double scale = screen.devicePixelRatio();
+    const bool isRounded = std::floor(scale) != scale;
+    return screen.geometry().adjusted(0, 0, isRounded, isRounded);
 }
 
 QtShieldingPanel::~QtShieldingPanel() {

@@ -3,6 +3,7 @@
 #include <platform/ShieldingPanels.h>
 
 #include <QPointer>
+#include <QRect>
 
 #include <memory>
 
@@ -22,6 +23,9 @@ public:
     QtShieldingPanel(std::unique_ptr<QWindow> window, PanelEvents &events, QScreen &screen,
                      PanelRole role, X11Shield *shield);
     ~QtShieldingPanel() override;
+
+    /// What a panel over that monitor takes of the desktop, in device-independent pixels.
+    [[nodiscard]] static QRect frameOver(const QScreen &screen);
 
     void orderFront() override;
     void setOpacity(double opacity) override;

@@ -28,7 +28,8 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
     if (!monitor)
         return nullptr;
     std::erase_if(m_windows, [](const QPointer<QWindow> &window) { return !window; });
-    std::unique_ptr<QWindow> window = m_engine->makeWindow(content);
+    std::unique_ptr<QWindow> window =
+        m_engine->makeWindow(content, QtShieldingPanel::frameOver(*monitor).size());
     window->setTitle(QStringLiteral("Vantrel takeover"));
     m_windows.emplace_back(window.get());
     auto *events =
