@@ -31,7 +31,13 @@ xcb_keycode_t keycode(const QKeyEvent &event) {
 std::optional<KeyPress> KeyPresses::press(const QKeyEvent &event) {
     if (isRepeat(event) || (m_keyboard && m_keyboard->wasDownBefore(keycode(event))))
         return std::nullopt;
+    if (m_keyboard && m_keyboard->isTypedAhead())
+        return std::nullopt;
     return KeyPress{keyOf(event), charactersIgnoringModifiers(event)};
+}
+
+bool KeyPresses::isClickedAhead() const {
+    return m_keyboard && m_keyboard->isClickedAhead();
 }
 
 bool KeyPresses::release(const QKeyEvent &event) {
@@ -65,6 +71,11 @@ QString KeyPresses::charactersIgnoringModifiers(const QKeyEvent &event) const {
     if (event.key() <= 0 || event.key() >= firstWithoutText)
         return {};
     const char32_t letter = static_cast<char32_t>(event.key());
+    if (m_keyboard && letter > 0xff) {
+        const QString latin = m_keyboard->latinLetter(keycode(event));
+        if (!latin.isEmpty())
+            return latin;
+    }
     const QString upper = QString::fromUcs4(&letter, 1);
     return event.modifiers().testFlag(Qt::ShiftModifier) ? upper : upper.toLower();
 }

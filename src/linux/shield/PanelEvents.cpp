@@ -35,6 +35,10 @@ bool PanelEvents::isSwallowed(QEvent &event) {
         const auto press = m_presses.press(static_cast<QKeyEvent &>(event));
         return !press || m_listener(*press);
     }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+        return m_presses.isClickedAhead();
     case QEvent::KeyRelease:
         return !m_presses.release(static_cast<QKeyEvent &>(event));
     default:

@@ -12,9 +12,9 @@
 
 namespace vantrel {
 
-QtShieldingPanels::QtShieldingPanels(MainQueue &queue)
+QtShieldingPanels::QtShieldingPanels(MainQueue &queue, const TypingGuard &guard)
     : m_engine(std::make_unique<PanelEngine>()),
-      m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue) : nullptr) {}
+      m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue, guard) : nullptr) {}
 
 QtShieldingPanels::~QtShieldingPanels() {
     // Windows that wait for their deletion show items of the engine, which goes next.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TypingGuard.h"
+
 #include <platform/MainQueue.h>
 #include <platform/ShieldingPanels.h>
 
@@ -21,7 +23,7 @@ class X11Shield;
 class QtShieldingPanels : public ShieldingPanels {
 public:
     /// `queue` must outlive the panels.
-    explicit QtShieldingPanels(MainQueue &queue);
+    explicit QtShieldingPanels(MainQueue &queue, const TypingGuard &guard = TypingGuard());
     QtShieldingPanels(const QtShieldingPanels &) = delete;
     QtShieldingPanels &operator=(const QtShieldingPanels &) = delete;
 

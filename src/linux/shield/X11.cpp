@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include <xcb/screensaver.h>
+
 namespace vantrel::x11 {
 
 namespace {
@@ -80,6 +82,16 @@ void placeBelow(xcb_window_t window, xcb_window_t sibling) {
     const std::uint32_t values[] = {sibling, XCB_STACK_MODE_BELOW};
     ignoreErrors(xcb_configure_window_checked(
         connection(), window, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values));
+}
+
+Seconds idleTime() {
+    constexpr Seconds unknown{86400};
+    const auto *extension = xcb_get_extension_data(connection(), &xcb_screensaver_id);
+    if (!extension || !extension->present)
+        return unknown;
+    const Reply<xcb_screensaver_query_info_reply_t> info(xcb_screensaver_query_info_reply(
+        connection(), xcb_screensaver_query_info(connection(), rootWindow()), nullptr));
+    return info ? Seconds{info->ms_since_user_input / 1000.0} : unknown;
 }
 
 void selectEvents(xcb_window_t window, std::uint32_t mask) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <platform/Time.h>
+
 #include <QRect>
 
 #include <xcb/xcb.h>
@@ -44,6 +46,9 @@ void raise(xcb_window_t window);
 
 /// Puts the window right below the other one.
 void placeBelow(xcb_window_t window, xcb_window_t sibling);
+
+/// How long ago a key was pressed or the mouse was used last. Without an answer a long time.
+[[nodiscard]] Seconds idleTime();
 
 /// Adds to or takes from the events that Qt's connection gets for a window.
 void selectEvents(xcb_window_t window, std::uint32_t mask);

@@ -32,27 +32,47 @@ std::bitset<256> keysDown(xcb_query_keymap_cookie_t asked) {
     return down;
 }
 
-/// The letter behind a key symbol of the ranges that name their Unicode character directly.
-std::optional<char32_t> unicode(xcb_keysym_t symbol) {
-    if ((symbol >= 0x20 && symbol <= 0x7e) || (symbol >= 0xa0 && symbol <= 0xff))
-        return symbol;
-    if (symbol >= 0x01000100 && symbol <= 0x0110ffff)
-        return symbol - 0x01000000;
-    return std::nullopt;
+/// Plain and shifted symbol of the first layout, then of the second (core protocol, section 5).
+using Symbols = std::array<xcb_keysym_t, 4>;
+
+Symbols symbolsOf(xcb_keycode_t key) {
+    Symbols symbols{};
+    const Reply<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
+        connection(), xcb_get_keyboard_mapping(connection(), key, 1), nullptr));
+    if (mapping)
+        std::copy_n(xcb_get_keyboard_mapping_keysyms(mapping.get()),
+                    std::min<int>(mapping->keysyms_per_keycode, symbols.size()), symbols.begin());
+    return symbols;
+}
+
+/// Whether the symbol names its character directly; those of other scripts do not.
+bool isLatin1(xcb_keysym_t symbol) {
+    return (symbol >= 0x20 && symbol <= 0x7e) || (symbol >= 0xa0 && symbol <= 0xff);
 }
 
 bool isLatinLetter(xcb_keysym_t symbol) {
     return symbol >= 'a' && symbol <= 'z';
 }
 
-bool isLatin1(xcb_keysym_t symbol) {
-    return symbol <= 0xff;
+/// By the place of the key, which is numbered alike on every keyboard of a PC.
+QString americanLetter(xcb_keycode_t key) {
+    struct Row {
+        xcb_keycode_t first;
+        QLatin1String letters;
+    };
+    for (const Row &row :
+         {Row{24, QLatin1String("qwertyuiop")}, Row{38, QLatin1String("asdfghjkl")},
+          Row{52, QLatin1String("zxcvbnm")}}) {
+        if (key >= row.first && key < row.first + row.letters.size())
+            return QString(row.letters[key - row.first]);
+    }
+    return {};
 }
 
 } // namespace
 
-X11Keyboard::X11Keyboard(MainQueue &queue)
-    : m_queue(queue), m_grabPauses(grabPauses), m_focusPauses(focusPauses) {}
+X11Keyboard::X11Keyboard(MainQueue &queue, const TypingGuard &guard)
+    : m_queue(queue), m_guard(guard), m_grabPauses(grabPauses), m_focusPauses(focusPauses) {}
 
 X11Keyboard::~X11Keyboard() {
     if (m_owner != XCB_NONE)
@@ -61,6 +81,7 @@ X11Keyboard::~X11Keyboard() {
 
 void X11Keyboard::take(xcb_window_t window) {
     if (m_owner == XCB_NONE) {
+        m_guard.begin(m_queue.uptime(), x11::idleTime());
         m_downBefore.reset();
         m_focusedBefore = XCB_NONE;
     }
@@ -106,8 +127,17 @@ bool X11Keyboard::lend() {
 void X11Keyboard::askAgainAfter(Seconds pause) {
     m_nextGrab = m_queue.after(pause, [this] {
         m_isLent = false;
-        grab();
+        grabLater();
     });
+}
+
+/// The user was busy elsewhere until now, with a menu or a password, say.
+void X11Keyboard::grabLater() {
+    if (m_isGrabbed)
+        return;
+    grab();
+    if (m_isGrabbed)
+        m_guard.begin(m_queue.uptime(), x11::idleTime());
 }
 
 void X11Keyboard::focus(xcb_window_t formerOwner) {
@@ -153,25 +183,23 @@ void X11Keyboard::noteRelease(xcb_keycode_t key) {
 }
 
 QString X11Keyboard::character(xcb_keycode_t key, std::uint16_t state) const {
-    const Reply<xcb_get_keyboard_mapping_reply_t> mapping(xcb_get_keyboard_mapping_reply(
-        connection(), xcb_get_keyboard_mapping(connection(), key, 1), nullptr));
-    if (!mapping)
-        return {};
-    // Plain and shifted symbol of the first layout, then of the second (core protocol, section 5).
-    std::array<xcb_keysym_t, 4> symbols{};
-    std::copy_n(xcb_get_keyboard_mapping_keysyms(mapping.get()),
-                std::min<int>(mapping->keysyms_per_keycode, symbols.size()), symbols.begin());
     const unsigned layout = state >> 13 & 3;
     if (layout > 1)
         return {};
-    const unsigned isShifted = state & XCB_MOD_MASK_SHIFT ? 1 : 0;
-    xcb_keysym_t symbol = symbols[2 * layout + isShifted];
+    const Symbols symbols = symbolsOf(key);
+    xcb_keysym_t symbol = symbols[2 * layout + (state & XCB_MOD_MASK_SHIFT ? 1 : 0)];
     if (symbol == XCB_NO_SYMBOL)
         symbol = symbols[2 * layout];
-    if (!isLatin1(symbol) && isLatinLetter(symbols[2 * (1 - layout)]))
-        symbol = symbols[2 * (1 - layout)];
-    const auto letter = unicode(symbol);
-    return letter ? QString::fromUcs4(&*letter, 1) : QString();
+    return isLatin1(symbol) ? QString(QChar(static_cast<char16_t>(symbol))) : QString();
+}
+
+QString X11Keyboard::latinLetter(xcb_keycode_t key) const {
+    const Symbols symbols = symbolsOf(key);
+    for (const xcb_keysym_t symbol : {symbols[0], symbols[2]}) {
+        if (isLatinLetter(symbol))
+            return QString(QLatin1Char(static_cast<char>(symbol)));
+    }
+    return americanLetter(key);
 }
 
 void X11Keyboard::handleEvent(const xcb_generic_event_t &event) {
@@ -183,7 +211,7 @@ void X11Keyboard::handleEvent(const xcb_generic_event_t &event) {
         return;
     if (type == XCB_FOCUS_IN) {
         // Also sent at the end of another program's grab: no need to wait for the next attempt.
-        grab();
+        grabLater();
     } else if (change.mode == XCB_NOTIFY_MODE_NORMAL ||
                change.mode == XCB_NOTIFY_MODE_WHILE_GRABBED) {
         regainFocusSoon();

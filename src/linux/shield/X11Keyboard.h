@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Backoff.h"
+#include "TypingGuard.h"
 #include "X11.h"
 
 #include <platform/MainQueue.h>
@@ -19,7 +20,7 @@ namespace vantrel {
 /// again. Main thread only.
 class X11Keyboard {
 public:
-    explicit X11Keyboard(MainQueue &queue);
+    X11Keyboard(MainQueue &queue, const TypingGuard &guard);
     X11Keyboard(const X11Keyboard &) = delete;
     X11Keyboard &operator=(const X11Keyboard &) = delete;
     ~X11Keyboard();
@@ -44,13 +45,22 @@ public:
     /// Whether the key has been down without a break since before the keyboard was taken.
     [[nodiscard]] bool wasDownBefore(xcb_keycode_t key) const { return m_downBefore.test(key); }
 
+    /// Whether a key, or a click, that comes in now is what the user was at as the keyboard was
+    /// taken, and no answer.
+    [[nodiscard]] bool isTypedAhead() { return m_guard.takesKey(m_queue.uptime()); }
+    [[nodiscard]] bool isClickedAhead() const { return m_guard.takesClick(m_queue.uptime()); }
+
     /// Call it for each release of a key that was down before.
     void noteRelease(xcb_keycode_t key);
 
     /// What the key writes without Control, Alt and their like, in lower case unless Shift is
-    /// held; the Latin letter of the user's other layout where this one has another script's.
-    /// Empty when that cannot be said from here. `state` is the event's.
+    /// held. Empty for a character beyond Latin-1, and for a third or fourth layout, of which the
+    /// core protocol does not tell. `state` is the event's.
     [[nodiscard]] QString character(xcb_keycode_t key, std::uint16_t state) const;
+
+    /// For a key that bears a letter of another script: the Latin letter that it has in the user's
+    /// first or second layout, else the one that it bears on an American keyboard. Empty for none.
+    [[nodiscard]] QString latinLetter(xcb_keycode_t key) const;
 
     /// Watches the focus. Call it with each event of the connection.
     void handleEvent(const xcb_generic_event_t &event);
@@ -59,9 +69,11 @@ private:
     void askAgainAfter(Seconds pause);
     void focus(xcb_window_t formerOwner);
     void grab();
+    void grabLater();
     void regainFocusSoon();
 
     MainQueue &m_queue;
+    TypingGuard m_guard;
     xcb_window_t m_owner = XCB_NONE;
     bool m_isGrabbed = false;
     bool m_isLent = false;

@@ -5,7 +5,8 @@
 
 namespace vantrel {
 
-X11Shield::X11Shield(MainQueue &queue) : m_keyboard(queue), m_stack(queue, m_keyboard) {
+X11Shield::X11Shield(MainQueue &queue, const TypingGuard &guard)
+    : m_keyboard(queue, guard), m_stack(queue, m_keyboard) {
     QCoreApplication::instance()->installNativeEventFilter(this);
     m_grant = m_keyboard.granted.subscribe([this] { m_stack.arrange(); });
 }

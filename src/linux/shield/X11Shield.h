@@ -17,7 +17,7 @@ namespace vantrel {
 class X11Shield : public QAbstractNativeEventFilter {
 public:
     /// `queue` must outlive the shield.
-    explicit X11Shield(MainQueue &queue);
+    X11Shield(MainQueue &queue, const TypingGuard &guard);
     ~X11Shield() override;
 
     /// Whether the program runs on X11.

@@ -21,7 +21,7 @@ protected:
     QtMainQueue queue;
     Desktop desktop{""};
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue};
+    QtShieldingPanels panels{queue, TypingGuard::none()};
 
     QtMessageHandler m_formerHandler = qInstallMessageHandler(&keepCritical);
 };
@@ -60,6 +60,20 @@ TEST_P(PanelContentTest, ShowsTheTitleNonetheless) {
             }
         }
         return false;
+    }));
+}
+
+TEST(PanelSizeTest, IsThereBeforeTheContentIsFinishedAndStays) {
+    QtMainQueue queue;
+    Desktop desktop{""};
+    QtScreenLayout layout{queue};
+    QtShieldingPanels panels{queue, TypingGuard::none()};
+    const auto panel =
+        panels.makePanel(layout.screens()[0], PanelRole::echo,
+                         {u"Shield.Tests"_qs, u"Counting"_qs, {{u"title"_qs, u"x"_qs}}});
+    panel->orderFront();
+    EXPECT_TRUE(waitUntil([&] {
+        return QColor(desktop.program().picture(leftMonitor).pixel(400, 300)) == QColor("#008000");
     }));
 }
 

@@ -49,7 +49,7 @@ protected:
     ChildProcess compositor{GetParam().commandLine};
     QtMainQueue queue;
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue};
+    QtShieldingPanels panels{queue, TypingGuard::none()};
     std::unique_ptr<ShieldingPanel> panel;
 };
 

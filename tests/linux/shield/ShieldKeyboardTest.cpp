@@ -185,6 +185,47 @@ TEST_P(ShieldKeyboardTest, LetsAKeyDestroyThePanelThatHeardIt) {
     EXPECT_TRUE(waitUntil([this] { return !interactive && shows(leftMonitor, Qt::black); }));
 }
 
+/// Someone types as the panels come up. Time is manual.
+class ShieldTypingTest : public ShieldingPanelsTest {
+protected:
+    ShieldTypingTest() : ShieldingPanelsTest(manualQueue, TypingGuard()) {
+        program().strikeKey(keycode::a);
+    }
+
+    /// How often the key is pressed for an answer when it is struck now.
+    std::size_t answersTo(xcb_keycode_t key) {
+        const std::size_t before = presses.size();
+        DeliveredKeys delivered(key);
+        program().strikeKey(key);
+        EXPECT_TRUE(waitUntil([&] { return delivered.presses == 1; }));
+        QCoreApplication::processEvents();
+        return presses.size() - before;
+    }
+};
+
+TEST_P(ShieldTypingTest, TheKeysOfATextAreNoAnswer) {
+    showPanels();
+    EXPECT_EQ(answersTo(keycode::space), 0u);
+    manualQueue.advance(Seconds{0.35});
+    EXPECT_EQ(answersTo(keycode::enter), 0u);
+    manualQueue.advance(Seconds{0.4});
+    EXPECT_EQ(answersTo(keycode::space), 1u);
+}
+
+TEST_P(ShieldTypingTest, TheEndOfATextAtALockedScreenIsNoAnswer) {
+    desktop.show(Kind::unmanaged, wholeScreen, Qt::darkGray);
+    ASSERT_TRUE(program().grabKeyboard());
+    showPanels();
+    manualQueue.advance(Seconds{60});
+    EXPECT_TRUE(waitUntil([this] {
+        program().strikeKey(keycode::a);
+        program().letGoOfKeyboard();
+        manualQueue.advance(Seconds{0.1});
+        return !program().grabKeyboard();
+    }));
+    EXPECT_EQ(answersTo(keycode::enter), 0u);
+}
+
 /// What a key writes with a modifier held, on a keyboard layout (setxkbmap's words).
 struct Stroke {
     const char *name;
@@ -211,7 +252,7 @@ TEST_P(CharactersTest, AreThoseOfTheKeyAloneAndOfShift) {
     Desktop desktop{""};
     QtMainQueue queue;
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue};
+    QtShieldingPanels panels{queue, TypingGuard::none()};
     const auto panel =
         panels.makePanel(layout.screens()[0], PanelRole::interactive,
                          {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}}});
@@ -240,6 +281,9 @@ const std::vector<std::string> german{"-layout", "de"};
 const std::vector<std::string> french{"-layout", "fr"};
 const std::vector<std::string> dvorak{"-layout", "us", "-variant", "dvorak"};
 const std::vector<std::string> russian{"-layout", "ru"};
+const std::vector<std::string> greek{"-layout", "gr"};
+const std::vector<std::string> arabic{"-layout", "ara"};
+const std::vector<std::string> georgian{"-layout", "ge"};
 const std::vector<std::string> russianAndAmerican{"-layout", "ru,us"};
 const std::vector<std::string> greekAndAmerican{"-layout", "gr,us"};
 
@@ -256,7 +300,11 @@ INSTANTIATE_TEST_SUITE_P(
                     Stroke{"FrenchA", french, 0, keycode::a, "q"},
                     Stroke{"DvorakS", dvorak, 0, keycode::semicolon, "s"},
                     Stroke{"DvorakO", dvorak, 0, keycode::s, "o"},
-                    Stroke{"RussianAlone", russian, 0, keycode::s, "\xd1\x8b"},
+                    Stroke{"RussianAlone", russian, 0, keycode::s, "s"},
+                    Stroke{"RussianAloneWithShift", russian, keycode::leftShift, keycode::s, "s"},
+                    Stroke{"GreekAlone", greek, 0, keycode::s, "s"},
+                    Stroke{"ArabicAlone", arabic, 0, keycode::s, "s"},
+                    Stroke{"GeorgianAlone", georgian, 0, keycode::a, "a"},
                     Stroke{"RussianBesideAmerican", russianAndAmerican, 0, keycode::s, "s"},
                     Stroke{"GreekBesideAmerican", greekAndAmerican, 0, keycode::s, "s"},
                     Stroke{"Escape", american, 0, keycode::escape, ""}),
@@ -265,5 +313,6 @@ INSTANTIATE_TEST_SUITE_P(
 } // namespace
 
 VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldKeyboardTest);
+VANTREL_UNDER_EACH_WINDOW_MANAGER(ShieldTypingTest);
 
 } // namespace vantrel::tests

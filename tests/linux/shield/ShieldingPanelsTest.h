@@ -24,7 +24,9 @@ inline const QColor echoColor(0x90, 0x60, 0x20);
 class ShieldingPanelsTest : public testing::TestWithParam<const char *> {
 protected:
     ShieldingPanelsTest() : ShieldingPanelsTest(realQueue) {}
-    explicit ShieldingPanelsTest(MainQueue &queueOfPanels) : panels(queueOfPanels) {}
+    explicit ShieldingPanelsTest(MainQueue &queueOfPanels,
+                                 const TypingGuard &guard = TypingGuard::none())
+        : panels(queueOfPanels, guard) {}
 
     QtMainQueue realQueue;
     fakes::ManualMainQueue manualQueue{Instant{}};
