@@ -8,17 +8,19 @@
 namespace vantrel {
 
 /// The pauses between attempts at something that others may keep from succeeding: each twice as
-/// long as the one before, up to a longest one, and an end to them.
+/// long as the one before, up to a longest one, and where it is wanted an end to them.
 class Backoff {
 public:
-    Backoff(Seconds first, Seconds longest, int attempts)
+    /// Without `attempts` there is no end.
+    Backoff(Seconds first, Seconds longest, std::optional<int> attempts = std::nullopt)
         : m_next(first), m_longest(longest), m_attemptsLeft(attempts) {}
 
     /// How long to wait for the next attempt; empty when there is none left.
     [[nodiscard]] std::optional<Seconds> next() {
         if (m_attemptsLeft == 0)
             return std::nullopt;
-        --m_attemptsLeft;
+        if (m_attemptsLeft)
+            --*m_attemptsLeft;
         const Seconds pause = m_next;
         m_next = std::min(m_next * 2, m_longest);
         return pause;
@@ -27,7 +29,7 @@ public:
 private:
     Seconds m_next;
     Seconds m_longest;
-    int m_attemptsLeft;
+    std::optional<int> m_attemptsLeft;
 };
 
 } // namespace vantrel

@@ -1,7 +1,5 @@
 #include "X11Stack.h"
 
-#include "ShieldLog.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -9,8 +7,11 @@ namespace vantrel {
 
 namespace {
 
-/// Another program may want to be on top as well. The contest gets slower and ends after a minute.
-const Backoff raisePauses(Seconds{0.001}, Seconds{1}, 64);
+/// Another program may want to be on top as well. The contest gets slower and slower.
+const Backoff raisePauses(Seconds{0.001}, Seconds{1});
+
+/// After so long without a rival a contest is over, and the next one begins afresh.
+constexpr Seconds calm{10};
 
 } // namespace
 
@@ -26,6 +27,7 @@ void X11Stack::add(xcb_window_t window) {
     if (m_windows.empty()) {
         m_pauses = raisePauses;
         m_triedLockers.clear();
+        m_rivals.clear();
         x11::selectEvents(x11::rootWindow(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     }
     if (!isOurs(window))
@@ -80,8 +82,10 @@ bool X11Stack::isLockerToBe(xcb_window_t window) const {
            });
 }
 
-bool X11Stack::isObscured() const {
-    std::vector<QRect> above;
+/// The windows of others that can be seen in front of one of ours.
+std::vector<xcb_window_t> X11Stack::windowsAbove() const {
+    std::vector<std::pair<xcb_window_t, QRect>> passed;
+    std::vector<xcb_window_t> above;
     const std::vector<xcb_window_t> order = x11::stackingOrder();
     std::size_t unseen = m_windows.size();
     for (auto window = order.rbegin(); window != order.rend() && unseen > 0; ++window) {
@@ -90,15 +94,16 @@ bool X11Stack::isObscured() const {
         const x11::WindowFacts facts = x11::describe(*window);
         if (!isOurs(*window)) {
             if (facts.isVisible)
-                above.push_back(facts.frame);
+                passed.emplace_back(*window, facts.frame);
             continue;
         }
         --unseen;
-        if (std::any_of(above.begin(), above.end(),
-                        [&](const QRect &other) { return other.intersects(facts.frame); }))
-            return true;
+        for (const auto &[other, frame] : passed) {
+            if (frame.intersects(facts.frame))
+                above.push_back(other);
+        }
     }
-    return false;
+    return above;
 }
 
 void X11Stack::handleEvent(const xcb_generic_event_t &event) {
@@ -132,18 +137,26 @@ void X11Stack::checkSoon() {
 }
 
 void X11Stack::check() {
-    if (!isObscured() || makeWayForLocker() || isLocked())
+    const std::vector<xcb_window_t> above = windowsAbove();
+    if (above.empty() || makeWayForLocker() || isLocked())
         return;
-    const auto pause = m_pauses.next();
-    if (!pause) {
-        qCWarning(shieldLog, "Another window stays above the panels");
-        return;
-    }
     m_isChecking = true;
-    m_check = m_queue.after(*pause, [this] {
+    m_check = m_queue.after(pauseFor(above), [this] {
         m_isChecking = false;
         arrange();
+        m_arrangedAt = m_queue.uptime();
     });
+}
+
+Seconds X11Stack::pauseFor(const std::vector<xcb_window_t> &above) {
+    bool isFirstTime = false;
+    for (const xcb_window_t window : above)
+        isFirstTime |= m_rivals.insert(window).second;
+    if (isFirstTime)
+        return Seconds::zero();
+    if (m_queue.uptime() - m_arrangedAt >= calm)
+        m_pauses = raisePauses;
+    return m_pauses.next().value_or(calm);
 }
 
 /// Answers whether a window is having its chance. The panels stay below it until the keyboard is

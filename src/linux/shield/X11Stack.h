@@ -13,6 +13,10 @@ namespace vantrel {
 /// Keeps windows of ours above all others of an X server, also those that are mapped or raised
 /// later. It gives way to a screen locker alone.
 ///
+/// A window that comes up for the first time is covered at once, however many came before it. One
+/// that keeps coming up is covered again and again, more and more slowly, so that two programs that
+/// both want to be on top do not flicker; but it is never left there.
+///
 /// A locker is told by what it does: an unmanaged window over a whole monitor whose program holds
 /// the keyboard. One that comes up while the panels have the keyboard could not lock the screen:
 /// each such window is lent the keyboard once. Main thread only.
@@ -42,7 +46,8 @@ public:
 private:
     [[nodiscard]] bool isOurs(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t lowestLocker() const;
-    [[nodiscard]] bool isObscured() const;
+    [[nodiscard]] std::vector<xcb_window_t> windowsAbove() const;
+    [[nodiscard]] Seconds pauseFor(const std::vector<xcb_window_t> &above);
     [[nodiscard]] bool isLockerToBe(xcb_window_t window) const;
     [[nodiscard]] bool makeWayForLocker();
     void checkSoon();
@@ -52,7 +57,9 @@ private:
     X11Keyboard &m_keyboard;
     std::vector<xcb_window_t> m_windows;   ///< In the order in which they came.
     std::set<xcb_window_t> m_triedLockers; ///< Those that had their chance.
+    std::set<xcb_window_t> m_rivals;       ///< Those that were covered before.
     Backoff m_pauses;
+    MonotonicInstant m_arrangedAt;
     ScheduledWork m_check;
     bool m_isChecking = false;
 };
