@@ -13,7 +13,10 @@
 namespace vantrel {
 
 bool CalendarCatalog::update(const SourceCalendar &calendar, const CatalogContext &context) {
-    const bool isAdopted = adopt(calendar);
+    const bool hasOtherAddresses = adoptAddresses(calendar, context);
+    const bool isAdopted = adopt(calendar) || hasOtherAddresses;
+    if (hasOtherAddresses)
+        rebuild(context);
     if (!calendar.hasChanges && !m_isIncomplete)
         return isAdopted;
     auto items = context.source.items(m_given.calendarIdentifier);
@@ -65,6 +68,14 @@ bool CalendarCatalog::adopt(const SourceCalendar &calendar) {
     m_isDescribedByText = calendar.isDescribedByText;
     describe();
     return true;
+}
+
+/// Whether it is others whose answers to invitations count as the user's.
+bool CalendarCatalog::adoptAddresses(const SourceCalendar &calendar,
+                                     const CatalogContext &context) {
+    QStringList addresses = context.addresses + calendar.addresses;
+    addresses.removeDuplicates();
+    return std::exchange(m_addresses, addresses) != addresses;
 }
 
 void CalendarCatalog::describe() {
@@ -218,7 +229,7 @@ std::optional<CalendarText> CalendarCatalog::read(ItemIndex item,
 
 SeriesReader CalendarCatalog::readerFor(const CatalogContext &context) const {
     return SeriesReader(SeriesExpander(UserClock(context.userZone), context.window),
-                        m_given.calendarIdentifier, context.addresses);
+                        m_given.calendarIdentifier, m_addresses);
 }
 
 QString CalendarCatalog::description(ItemIndex item, const CatalogContext &context) const {

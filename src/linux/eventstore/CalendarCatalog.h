@@ -68,6 +68,7 @@ private:
     };
 
     bool adopt(const SourceCalendar &calendar);
+    bool adoptAddresses(const SourceCalendar &calendar, const CatalogContext &context);
     void describe();
     std::vector<UidHash> moveEntries(const std::vector<ItemIndex> &moved);
     void readItems(const std::vector<ItemIndex> &items, std::vector<UidHash> touched,
@@ -84,8 +85,9 @@ private:
     [[nodiscard]] SeriesReader readerFor(const CatalogContext &context) const;
     [[nodiscard]] QString description(ItemIndex item, const CatalogContext &context) const;
 
-    StoreCalendar m_given; ///< As the source describes it.
-    QString m_textName;    ///< As the text does, when it may; empty otherwise.
+    StoreCalendar m_given;   ///< As the source describes it.
+    QStringList m_addresses; ///< The user's own: everywhere, and on this calendar.
+    QString m_textName;      ///< As the text does, when it may; empty otherwise.
     QString m_textColor;
     bool m_isDescribedByText = false;
     bool m_isIncomplete = false; ///< Something could not be read: ask again, changed or not.

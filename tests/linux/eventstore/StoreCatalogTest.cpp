@@ -12,6 +12,7 @@ public:
     bool canList = true;
     bool canRead = true;
     int reads = 0;
+    QStringList addresses;
 
     void start() override {}
 
@@ -19,6 +20,7 @@ public:
         SourceCalendar calendar;
         calendar.calendar.calendarIdentifier = QStringLiteral("work");
         calendar.hasChanges = std::exchange(m_isFirst, false);
+        calendar.addresses = addresses;
         return {calendar};
     }
 
@@ -32,8 +34,10 @@ public:
         ++reads;
         if (!canRead)
             return std::nullopt;
-        return QByteArray("BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:a\r\n"
-                          "DTSTART:20260302T090000Z\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+        return QByteArray(
+            "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nUID:a\r\n"
+            "DTSTART:20260302T090000Z\r\n"
+            "ATTENDEE;PARTSTAT=DECLINED:mailto:Me@Work.example\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
     }
 
     QString description(const QString &, const QByteArray &) const override { return {}; }
@@ -56,6 +60,19 @@ protected:
         return index.events(monday, monday + Seconds{86400}, {QStringLiteral("work")}).size();
     }
 };
+
+TEST_F(StoreCatalogTest, FindsTheUserByTheAddressesOfTheCalendarAsSoonAsItNamesThem) {
+    const auto isUser = [this] {
+        const Instant monday = fakes::at("2026-03-02T00:00:00");
+        const auto events = index.events(monday, monday + Seconds{86400}, {QStringLiteral("work")});
+        return events.at(0).attendees->at(0).isCurrentUser;
+    };
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    EXPECT_FALSE(isUser());
+    source.addresses = {QStringLiteral("me@work.example")};
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    EXPECT_TRUE(isUser());
+}
 
 TEST_F(StoreCatalogTest, ReadsAnItemThatCouldNotBeReadOnceItCan) {
     source.canRead = false;
