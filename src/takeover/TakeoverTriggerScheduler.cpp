@@ -1,11 +1,9 @@
 #include "TakeoverTriggerScheduler.h"
 
 #include "TakeoverWindowController.h"
+#include "WorkHours.h"
 
-#include <calendar/EventKitMapper.h>
-#include <copy/MeetingMomentResolver.h>
 #include <links/JoinOpener.h>
-#include <links/LinkDetector.h>
 #include <theme/Theme.h>
 
 #include <algorithm>
@@ -29,11 +27,6 @@ Seconds minutes(std::int64_t count) {
     return Seconds{static_cast<double>(count) * 60.0};
 }
 
-/// The store's identifier within an occurrence key.
-QString eventIdentifierOf(const UpcomingEvent &event) {
-    return event.id.section(QLatin1Char('|'), 0, 0, QString::SectionSkipEmpty);
-}
-
 } // namespace
 
 TakeoverTriggerScheduler::TakeoverTriggerScheduler(
@@ -43,12 +36,12 @@ TakeoverTriggerScheduler::TakeoverTriggerScheduler(
     : m_store(store),
       m_query(query),
       m_preferences(preferences),
-      m_copyProvider(copyProvider),
       m_takeoverController(takeoverController),
       m_rescueLog(rescueLog),
       m_queue(queue),
       m_currentCalendar(std::move(currentCalendar)),
-      m_workspace(workspace) {}
+      m_workspace(workspace),
+      m_contextBuilder(store, preferences, copyProvider, queue, m_currentCalendar) {}
 
 void TakeoverTriggerScheduler::start() {
     observePreferences();
@@ -117,21 +110,8 @@ void TakeoverTriggerScheduler::schedule(const UpcomingEvent &event) {
         return;
     const Seconds lead = seconds(m_preferences.leadTimeSeconds());
     const Seconds delay = std::max(event.startDate - lead - now, Seconds::zero());
-    if (m_preferences.workHoursEnabled() && !isWithinWorkHours(now + delay))
-        return;
-    arm(event, delay);
-}
-
-bool TakeoverTriggerScheduler::isWithinWorkHours(Instant fireTime) const {
-    const LocalCalendar calendar = m_currentCalendar();
-    if (!m_preferences.workHoursWeekdays().contains(calendar.weekday(fireTime)))
-        return false;
-    const std::int64_t minute = calendar.minuteOfDay(fireTime);
-    const std::int64_t start = m_preferences.workHoursStartMinute();
-    const std::int64_t end = m_preferences.workHoursEndMinute();
-    if (start <= end)
-        return start <= minute && minute < end;
-    return minute >= start || minute < end;
+    if (WorkHours::of(m_preferences).contains(now + delay, m_currentCalendar()))
+        arm(event, delay);
 }
 
 void TakeoverTriggerScheduler::arm(const UpcomingEvent &event, Seconds delay) {
@@ -146,10 +126,10 @@ void TakeoverTriggerScheduler::fire(const UpcomingEvent &event) {
     m_firedEvents.insert_or_assign(event.id, event.endDate);
     if (m_preferences.isPaused())
         return;
-    const auto storeEvent = m_store.eventWithIdentifier(eventIdentifierOf(event));
+    const auto storeEvent = m_store.eventWithIdentifier(event.eventIdentifier());
     if (!storeEvent)
         return;
-    const TakeoverContext context = buildContext(event, *storeEvent);
+    const TakeoverContext context = m_contextBuilder.buildContext(event, *storeEvent);
     std::optional<Seconds> autoCloseAfter;
     if (m_preferences.autoCloseSeconds() >= 1)
         autoCloseAfter = seconds(m_preferences.autoCloseSeconds());
@@ -178,54 +158,6 @@ void TakeoverTriggerScheduler::fire(const UpcomingEvent &event) {
 void TakeoverTriggerScheduler::snooze(const UpcomingEvent &event) {
     m_firedEvents.erase(event.id);
     arm(event, minutes(m_preferences.snoozeDurationMinutes()));
-}
-
-TakeoverContext TakeoverTriggerScheduler::buildContext(const UpcomingEvent &event,
-                                                       const StoreEvent &storeEvent) const {
-    MeetingMomentInputs inputs = EventKitMapper::makeInputs(storeEvent);
-    // Of a series the store answers the occurrence nearest to now, which need not be this one.
-    inputs.startsAt = event.startDate;
-    inputs.endsAt = event.endDate;
-    const MeetingMoment moment = MeetingMomentResolver::moment(
-        inputs, fetchDayEvents(event.startDate, storeEvent), m_queue.now(), m_currentCalendar());
-    return TakeoverContext{event.title,
-                           event.startDate,
-                           event.endDate,
-                           moment,
-                           m_copyProvider.line(moment),
-                           resolvePrimaryAction(storeEvent)};
-}
-
-std::vector<DayEventSummary>
-TakeoverTriggerScheduler::fetchDayEvents(Instant around, const StoreEvent &excluding) const {
-    const LocalCalendar calendar = m_currentCalendar();
-    std::vector<QString> calendarIdentifiers;
-    for (const StoreCalendar &storeCalendar : m_store.calendars()) {
-        if (m_preferences.selectedCalendarIDs().contains(storeCalendar.calendarIdentifier))
-            calendarIdentifiers.push_back(storeCalendar.calendarIdentifier);
-    }
-    std::vector<DayEventSummary> others;
-    for (const StoreEvent &event : m_store.events(
-             calendar.startOfDay(around), calendar.startOfDay(around, 1), calendarIdentifiers)) {
-        if (event.eventIdentifier != excluding.eventIdentifier)
-            others.push_back({event.startDate, event.endDate});
-    }
-    return others;
-}
-
-TakeoverContext::PrimaryAction
-TakeoverTriggerScheduler::resolvePrimaryAction(const StoreEvent &event) const {
-    using PrimaryAction = TakeoverContext::PrimaryAction;
-    const auto found = LinkDetector::detect(event.url, event.location, event.notes);
-    if (found.video && found.video->asVideo())
-        return PrimaryAction::join(*found.video);
-    if (found.phone) {
-        if (const auto *phone = found.phone->asPhone())
-            return PrimaryAction::call(phone->rawNumber);
-    }
-    if (event.location && !event.location->trimmed().isEmpty())
-        return PrimaryAction::headingOver();
-    return PrimaryAction::acknowledge();
 }
 
 void TakeoverTriggerScheduler::handlePrimaryAction(const TakeoverContext::PrimaryAction &action) {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "TakeoverContext.h"
+#include "TakeoverContextBuilder.h"
 
 #include <calendar/UpcomingEvent.h>
 #include <calendar/UpcomingEventsQuery.h>
 #include <copy/CopyProvider.h>
-#include <copy/MeetingMoment.h>
 #include <platform/EventStore.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
@@ -59,28 +59,21 @@ private:
     void cancelAllPending();
     void pruneOldFiredEvents();
     void schedule(const UpcomingEvent &event);
-    [[nodiscard]] bool isWithinWorkHours(Instant fireTime) const;
     void arm(const UpcomingEvent &event, Seconds delay);
     void fire(const UpcomingEvent &event);
     void snooze(const UpcomingEvent &event);
 
-    [[nodiscard]] TakeoverContext buildContext(const UpcomingEvent &event,
-                                               const StoreEvent &storeEvent) const;
-    [[nodiscard]] std::vector<DayEventSummary> fetchDayEvents(Instant around,
-                                                              const StoreEvent &excluding) const;
-    [[nodiscard]] TakeoverContext::PrimaryAction
-    resolvePrimaryAction(const StoreEvent &event) const;
     void handlePrimaryAction(const TakeoverContext::PrimaryAction &action);
 
     const EventStore &m_store;
     const UpcomingEventsQuery &m_query;
     PreferencesStore &m_preferences;
-    const CopyProvider &m_copyProvider;
     TakeoverWindowController &m_takeoverController;
     RescueLog &m_rescueLog;
     MainQueue &m_queue;
     CurrentCalendar m_currentCalendar;
     Workspace &m_workspace;
+    TakeoverContextBuilder m_contextBuilder;
 
     /// By event id. An entry goes when its work runs.
     std::map<QString, ScheduledWork> m_pendingFires;
