@@ -27,10 +27,6 @@ constexpr QLatin1String seldomHosts[] = {
 constexpr QLatin1String products[] = {QLatin1String("asp.net"), QLatin1String("ado.net"),
                                       QLatin1String("vb.net"), QLatin1String("ml.net")};
 
-bool isOneOf(char16_t c, QStringView set) {
-    return set.contains(QChar(c));
-}
-
 bool isLabel(QStringView label) {
     return !label.isEmpty() && label.size() <= longestLabel && !label.startsWith(u'-') &&
            !label.endsWith(u'-');

@@ -52,6 +52,10 @@ constexpr bool isAsciiLetterOrDigit(char32_t c) {
     return has(c, digit | letter);
 }
 
+inline bool isOneOf(char16_t c, QStringView set) {
+    return set.contains(QChar(c));
+}
+
 /// Letters are told apart by whether they are Latin: a change from one to the other within a word
 /// is where prose meets a link that was written without a space.
 enum class Letters : std::uint8_t { none, latin, other };

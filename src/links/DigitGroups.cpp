@@ -10,10 +10,6 @@ using namespace characters;
 
 namespace {
 
-bool isOneOf(char16_t c, QStringView set) {
-    return set.contains(QChar(c));
-}
-
 bool isSeparator(char16_t c) {
     return DigitGroups::isBlank(c) || DigitGroups::isHyphen(c) || isOneOf(c, u"./()");
 }

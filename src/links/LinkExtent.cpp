@@ -9,10 +9,6 @@ using namespace characters;
 
 namespace {
 
-bool isOneOf(char16_t c, QStringView set) {
-    return set.contains(QChar(c));
-}
-
 bool isHexDigit(char16_t c) {
     return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
 }

@@ -14,10 +14,6 @@ namespace {
 constexpr int fewestDigits = 7;
 constexpr int mostDigits = 18;
 
-bool isOneOf(char16_t c, QStringView set) {
-    return set.contains(QChar(c));
-}
-
 } // namespace
 
 PhoneScanner::PhoneScanner(QStringView text, QLocale::Territory territory)

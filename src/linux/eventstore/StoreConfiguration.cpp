@@ -3,6 +3,7 @@
 #include "ConfigurationFile.h"
 
 #include <linux/eventstore/evolution/EvolutionSource.h>
+#include <linux/eventstore/ical/UserAddress.h>
 #include <linux/eventstore/source/StoreLog.h>
 
 #include <QDir>
@@ -27,11 +28,6 @@ QStringList texts(const QJsonObject &object, const QString &key, const QString &
         qCWarning(eventStoreLog).noquote().nospace()
             << path << ": \"" << key << "\" is no list of texts";
     return found;
-}
-
-QString plainAddress(const QString &address) {
-    const QString plain = address.trimmed().toLower();
-    return plain.startsWith(QLatin1String("mailto:")) ? plain.mid(7) : plain;
 }
 
 QString withHome(const QString &path) {

@@ -47,20 +47,17 @@ private:
 
     void begin(const ContentLine &line) {
         const QByteArrayView name = line.value.trimmed();
-        const auto is = [name](QByteArrayView other) {
-            return name.compare(other, Qt::CaseInsensitive) == 0;
-        };
-        if (is("VEVENT")) {
+        if (isWord(name, "VEVENT")) {
             abandonEvent();
             m_event = EventComponent();
             m_event.line = line.number;
             enter(Inside::event);
-        } else if (is("VCALENDAR")) {
+        } else if (isWord(name, "VCALENDAR")) {
             abandonEvent();
             m_hasBegun = true;
             m_result.isComplete = false;
             enter(Inside::calendar);
-        } else if (is("VTIMEZONE") && m_inside != Inside::event) {
+        } else if (isWord(name, "VTIMEZONE") && m_inside != Inside::event) {
             m_zoneLines.clear();
             enter(Inside::zone);
         } else {
@@ -76,18 +73,15 @@ private:
 
     void end(const ContentLine &line) {
         const QByteArrayView name = line.value.trimmed();
-        const auto is = [name](QByteArrayView other) {
-            return name.compare(other, Qt::CaseInsensitive) == 0;
-        };
-        if (is("VEVENT")) {
+        if (isWord(name, "VEVENT")) {
             if (m_inside == Inside::event)
                 closeEvent();
             enter(Inside::calendar);
-        } else if (is("VCALENDAR")) {
+        } else if (isWord(name, "VCALENDAR")) {
             abandonEvent();
             m_result.isComplete = m_hasBegun;
             enter(Inside::calendar);
-        } else if (is("VTIMEZONE")) {
+        } else if (isWord(name, "VTIMEZONE")) {
             if (m_inside == Inside::zone && m_zoneBlocks.size() < maximumZoneBlocks)
                 m_zoneBlocks.push_back(std::move(m_zoneLines));
             m_zoneLines.clear();

@@ -53,8 +53,7 @@ QByteArrayView unquoted(QByteArrayView text) {
 } // namespace
 
 bool ContentLine::isNamed(QByteArrayView upperCaseName) const {
-    return name.size() == upperCaseName.size() &&
-           name.compare(upperCaseName, Qt::CaseInsensitive) == 0;
+    return name.size() == upperCaseName.size() && isWord(name, upperCaseName);
 }
 
 QByteArrayView ContentLine::parameter(QByteArrayView upperCaseName) const {
@@ -63,8 +62,7 @@ QByteArrayView ContentLine::parameter(QByteArrayView upperCaseName) const {
         const auto end = findUnquoted(rest, ';', ';');
         const QByteArrayView one = rest.first(end);
         const auto equals = one.indexOf('=');
-        if (equals == upperCaseName.size() &&
-            one.first(equals).compare(upperCaseName, Qt::CaseInsensitive) == 0)
+        if (equals == upperCaseName.size() && isWord(one.first(equals), upperCaseName))
             return unquoted(one.sliced(equals + 1));
         rest = end < rest.size() ? rest.sliced(end + 1) : QByteArrayView();
     }

@@ -5,6 +5,11 @@
 
 namespace vantrel {
 
+/// Whether two names or enumerated values are the same: case counts for nothing in them.
+[[nodiscard]] inline bool isWord(QByteArrayView text, QByteArrayView word) {
+    return text.compare(word, Qt::CaseInsensitive) == 0;
+}
+
 /// One line of an iCalendar text (RFC 5545, section 3.1), unfolded: a name, parameters, a value.
 /// The parts are views into the text that is being read.
 struct ContentLine {

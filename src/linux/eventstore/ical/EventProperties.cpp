@@ -1,5 +1,7 @@
 #include "EventProperties.h"
 
+#include "ValueList.h"
+
 #include <QCryptographicHash>
 
 #include <algorithm>
@@ -12,17 +14,6 @@ constexpr std::size_t maximumZones = 200;
 constexpr std::size_t maximumRules = 8;
 constexpr std::size_t maximumDates = 50'000;
 constexpr std::size_t maximumAttendees = 2'000;
-
-template <typename Take>
-void forEachPart(QByteArrayView list, Take take) {
-    for (qsizetype at = 0; at <= list.size();) {
-        auto end = list.indexOf(',', at);
-        end = end < 0 ? list.size() : end;
-        if (end > at)
-            take(list.sliced(at, end - at));
-        at = end + 1;
-    }
-}
 
 /// An identity for an event that has none: the same as long as its start, rule and title are.
 QByteArray identityOf(const EventComponent &event) {
@@ -96,8 +87,7 @@ void EventProperties::readTimes(EventComponent &event, const ContentLine &line) 
         if (!event.recurrenceId) {
             event.recurrenceId = moment(line, line.value);
             event.isOverride = true;
-            event.isThisAndFuture =
-                line.parameter("RANGE").compare("THISANDFUTURE", Qt::CaseInsensitive) == 0;
+            event.isThisAndFuture = isWord(line.parameter("RANGE"), "THISANDFUTURE");
         }
     } else if (line.isNamed("SEQUENCE")) {
         event.sequence = line.value.trimmed().toByteArray().toInt();
@@ -120,15 +110,15 @@ void EventProperties::readList(EventComponent &event, const ContentLine &line) {
     if (line.isNamed("EXRULE"))
         return addRule(event.exceptionRules);
     if (line.isNamed("EXDATE")) {
-        forEachPart(line.value, [&](QByteArrayView value) {
-            if (event.exceptions.size() >= maximumDates)
+        forEachValue(line.value, [&](QByteArrayView value) {
+            if (value.isEmpty() || event.exceptions.size() >= maximumDates)
                 return;
             if (const auto exception = moment(line, value))
                 event.exceptions.push_back(*exception);
         });
     } else if (line.isNamed("RDATE")) {
-        forEachPart(line.value, [&](QByteArrayView value) {
-            if (event.dates.size() < maximumDates)
+        forEachValue(line.value, [&](QByteArrayView value) {
+            if (!value.isEmpty() && event.dates.size() < maximumDates)
                 readAddedDate(event, line, value);
         });
     }

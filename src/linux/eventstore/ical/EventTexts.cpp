@@ -1,6 +1,7 @@
 #include "EventTexts.h"
 
 #include "ContentLines.h"
+#include "UserAddress.h"
 
 #include <QStringDecoder>
 
@@ -37,10 +38,6 @@ std::optional<QString> optionalText(const std::optional<QByteArrayView> &value) 
     return value ? std::optional(textValue(*value)) : std::nullopt;
 }
 
-bool isWord(QByteArrayView text, QByteArrayView word) {
-    return text.compare(word, Qt::CaseInsensitive) == 0;
-}
-
 StoreEventStatus statusOf(QByteArrayView text) {
     if (isWord(text, "CONFIRMED"))
         return StoreEventStatus::confirmed;
@@ -64,17 +61,14 @@ StoreParticipantStatus participantStatusOf(QByteArrayView text) {
     if (text.isEmpty()) // RFC 5545, section 3.2.12: the default.
         return StoreParticipantStatus::pending;
     for (const auto &[name, status] : statuses) {
-        if (isWord(text, QByteArrayView(name)))
+        if (isWord(text, name))
             return status;
     }
     return StoreParticipantStatus::unknown;
 }
 
 bool isOneOf(QByteArrayView address, const QStringList &addresses) {
-    QString plain = textValue(address.trimmed()).toLower();
-    if (plain.startsWith(QLatin1String("mailto:")))
-        plain.remove(0, 7);
-    return addresses.contains(plain);
+    return addresses.contains(plainAddress(textValue(address)));
 }
 
 StoreParticipant participantOf(const EventComponent::Attendee &attendee,

@@ -1,5 +1,8 @@
 #include "RecurrenceRule.h"
 
+#include "ContentLines.h"
+#include "ValueList.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -11,10 +14,6 @@ namespace {
 
 constexpr qsizetype maximumLength = 4096;
 constexpr int maximumInterval = 100'000;
-
-bool isWord(QByteArrayView text, const char *word) {
-    return text.compare(QByteArrayView(word), Qt::CaseInsensitive) == 0;
-}
 
 /// A whole number, with or without a sign.
 std::optional<int> parseNumber(QByteArrayView text) {
@@ -47,23 +46,18 @@ std::optional<RecurrenceRule::Frequency> parseFrequency(QByteArrayView text) {
     return std::nullopt;
 }
 
-/// Calls `take` with each part between commas; false as soon as one is refused.
+/// Whether each value of the list is taken.
 template <typename Take>
-bool forEachPart(QByteArrayView list, Take take) {
-    for (qsizetype at = 0; at <= list.size();) {
-        auto end = list.indexOf(',', at);
-        end = end < 0 ? list.size() : end;
-        if (!take(list.sliced(at, end - at).trimmed()))
-            return false;
-        at = end + 1;
-    }
-    return true;
+bool takesAll(QByteArrayView list, Take take) {
+    bool isTaken = true;
+    forEachValue(list, [&](QByteArrayView value) { isTaken = isTaken && take(value); });
+    return isTaken;
 }
 
 /// Numbers from `least` to `most`.
 template <typename Set>
 bool readSet(QByteArrayView list, int least, int most, Set &set) {
-    return forEachPart(list, [&](QByteArrayView part) {
+    return takesAll(list, [&](QByteArrayView part) {
         const auto number = parseNumber(part);
         if (!number || *number < least || *number > most)
             return false;
@@ -74,7 +68,7 @@ bool readSet(QByteArrayView list, int least, int most, Set &set) {
 
 /// Numbers from 1 to `most`, and the same with a minus sign.
 bool readList(QByteArrayView list, int most, std::vector<int> &numbers) {
-    return forEachPart(list, [&](QByteArrayView part) {
+    return takesAll(list, [&](QByteArrayView part) {
         const auto number = parseNumber(part);
         if (!number || *number == 0 || std::abs(*number) > most)
             return false;
@@ -84,7 +78,7 @@ bool readList(QByteArrayView list, int most, std::vector<int> &numbers) {
 }
 
 bool readDays(QByteArrayView list, std::vector<RecurrenceRule::Day> &days) {
-    return forEachPart(list, [&](QByteArrayView part) {
+    return takesAll(list, [&](QByteArrayView part) {
         if (part.size() < 2)
             return false;
         const auto weekday = parseWeekday(part.last(2));

@@ -1,6 +1,7 @@
 #include "ZoneRules.h"
 
 #include "RuleReadings.h"
+#include "ValueList.h"
 
 #include <algorithm>
 #include <chrono>
@@ -43,14 +44,10 @@ std::optional<int> parseOffset(QByteArrayView text) {
 }
 
 void addDates(Observance &observance, QByteArrayView list) {
-    for (qsizetype at = 0; at <= list.size();) {
-        auto end = list.indexOf(',', at);
-        end = end < 0 ? list.size() : end;
-        if (const auto date = parseDateTime(list.sliced(at, end - at));
-            date && observance.dates.size() < maximumOnsets)
+    forEachValue(list, [&](QByteArrayView value) {
+        if (const auto date = parseDateTime(value); date && observance.dates.size() < maximumOnsets)
             observance.dates.push_back(date->civil);
-        at = end + 1;
-    }
+    });
 }
 
 void readLine(Observance &observance, const ContentLine &line) {
