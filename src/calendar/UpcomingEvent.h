@@ -28,6 +28,10 @@ struct UpcomingEvent {
     std::optional<MeetingLink> videoLink;
     std::optional<MeetingLink> phoneLink;
 
+    /// What the store calls the event: the part of `id` before the "|". The store's identifiers
+    /// hold none.
+    [[nodiscard]] QString eventIdentifier() const;
+
     /// One line of secondary text: the video link, else the location, else the phone number.
     [[nodiscard]] std::optional<QString> detailPreview() const;
 

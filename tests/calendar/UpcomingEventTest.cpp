@@ -41,6 +41,23 @@ TEST(UpcomingEvent, IsTheSameByItsIdAlone) {
     EXPECT_EQ((std::unordered_set<UpcomingEvent>{bare(), changed, other}).size(), 2u);
 }
 
+TEST(UpcomingEvent, NamesTheStoresEventByThePartBeforeTheBar) {
+    const std::pair<const char *, const char *> rows[] = {
+        {"work/planning|794134800", "work/planning"},
+        {"work/a%7Cb%25|794134800", "work/a%7Cb%25"},
+        {"folder-1/a%7C%7C/20260302T090000Z|-1", "folder-1/a%7C%7C/20260302T090000Z"},
+        {"|794134800", "794134800"},
+        {"work", "work"},
+        {"|", "|"},
+        {"", ""},
+    };
+    for (const auto &[id, identifier] : rows) {
+        UpcomingEvent event;
+        event.id = QLatin1String(id);
+        EXPECT_EQ(event.eventIdentifier(), QLatin1String(identifier)) << id;
+    }
+}
+
 TEST(UpcomingEvent, PreviewsTheVideoLinkBeforeAnythingElse) {
     UpcomingEvent event = bare();
     event.videoLink = zoom();
