@@ -9,7 +9,19 @@ namespace vantrel {
 namespace {
 
 bool isForbidden(QChar character) {
-    return character.isSpace() || character.unicode() < 0x20;
+    return character.isSpace() || character.category() == QChar::Other_Control;
+}
+
+/// Browsers read a backslash as a slash, up to the path: what a strict reader takes for a part of
+/// the user or the host ends the host there, and the link leads elsewhere than it seems.
+bool isAmbiguous(QStringView behindScheme) {
+    const auto slashes = std::find_if(behindScheme.cbegin(), behindScheme.cend(),
+                                      [](QChar one) { return one != u'/' && one != u'\\'; });
+    const auto end = std::find_if(slashes, behindScheme.cend(), [](QChar one) {
+        return one == u'/' || one == u'?' || one == u'#';
+    });
+    const bool hasAuthority = slashes != behindScheme.cbegin();
+    return hasAuthority && std::find(behindScheme.cbegin(), end, u'\\') != end;
 }
 
 /// The authority's host: between the last "@" and the port (RFC 3986, section 3.2).
@@ -38,6 +50,8 @@ std::optional<Url> Url::fromString(const QString &text) {
     const auto schemeLength = parsed.scheme().size();
     url.m_scheme = text.left(schemeLength);
     QStringView rest = QStringView(text).mid(schemeLength > 0 ? schemeLength + 1 : 0);
+    if (isAmbiguous(rest))
+        return std::nullopt;
     if (rest.startsWith(u"//")) {
         rest = rest.mid(2);
         const auto end = std::find_if(rest.cbegin(), rest.cend(), [](QChar character) {

@@ -11,7 +11,8 @@ namespace vantrel {
 class Url {
 public:
     /// Empty when the text is no valid URL (RFC 3986, with non-ASCII letters allowed as in
-    /// RFC 3987), is empty, or holds white space or control characters.
+    /// RFC 3987), is empty, holds white space or control characters, or a backslash where the
+    /// host is looked for.
     static std::optional<Url> fromString(const QString &text);
 
     [[nodiscard]] const QString &absoluteString() const { return m_text; }
