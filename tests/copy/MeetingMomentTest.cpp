@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <limits>
 
 namespace vantrel {
@@ -124,6 +125,31 @@ TEST(MeetingMomentInputs, DifferByAnyOneField) {
     EXPECT_EQ(inputs(), other);
     other.endsAt += Seconds{1.0};
     EXPECT_NE(inputs(), other);
+}
+
+// The order of the cases
+
+template <typename Case>
+void expectInOrder(std::initializer_list<Case> cases) {
+    int place = 0;
+    for (const Case each : cases)
+        EXPECT_EQ(static_cast<int>(each), place++);
+}
+
+TEST(MeetingMoment, ListsTheCasesOfItsFactsInOrder) {
+    using enum MeetingMoment::TimeOfDay;
+    using enum MeetingMoment::DayType;
+    using enum MeetingMoment::DayPosition;
+    using enum MeetingMoment::GapBefore;
+    expectInOrder({earlyMorning, morning, midday, afternoon, lateAfternoon, evening});
+    expectInOrder({monday, friday, midweek, weekend});
+    expectInOrder({firstOfDay, lastOfDay, middleOfDay, onlyOfDay});
+    expectInOrder({freshStart, backToBack, shortGap, longGap});
+    expectInOrder({MeetingShape::oneOnOne, MeetingShape::smallGroup, MeetingShape::largeGroup});
+    expectInOrder({Recurrence::oneOff, Recurrence::recurring});
+    expectInOrder({LinkState::hasVideoLink, LinkState::phoneOnly, LinkState::inPersonOnly,
+                   LinkState::noDestination});
+    expectInOrder({Urgency::normal, Urgency::joinedLate});
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <unordered_set>
 #include <vector>
 
@@ -79,6 +80,26 @@ TEST(TakeoverPhaseTest, CanBeHashed) {
     const std::unordered_set<TakeoverPhase> phases{TakeoverPhase::urgent, TakeoverPhase::joined,
                                                    TakeoverPhase::urgent};
     EXPECT_EQ(phases.size(), 2U);
+}
+
+/// The number that an enumeration counts its cases by.
+template <typename Case>
+std::vector<int> places(std::initializer_list<Case> cases) {
+    std::vector<int> found;
+    for (const Case each : cases)
+        found.push_back(static_cast<int>(each));
+    return found;
+}
+
+TEST(PrimaryActionTest, ListsItsKindsInOrder) {
+    using Kind = TakeoverContext::PrimaryAction::Kind;
+    EXPECT_EQ(places({Kind::join, Kind::call, Kind::headingOver, Kind::acknowledge}),
+              (std::vector{0, 1, 2, 3}));
+}
+
+TEST(TakeoverPhaseTest, ListsItsCasesInOrderAndBeginsWithTheFirst) {
+    EXPECT_EQ(places({TakeoverPhase::urgent, TakeoverPhase::joined}), (std::vector{0, 1}));
+    EXPECT_EQ(TakeoverPhaseState().phase.value(), TakeoverPhase::urgent);
 }
 
 } // namespace
