@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 
+#include <xcb/dpms.h>
 #include <xcb/screensaver.h>
 
 namespace vantrel::x11 {
@@ -82,6 +83,14 @@ void placeBelow(xcb_window_t window, xcb_window_t sibling) {
     const std::uint32_t values[] = {sibling, XCB_STACK_MODE_BELOW};
     ignoreErrors(xcb_configure_window_checked(
         connection(), window, XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values));
+}
+
+void wakeMonitors() {
+    xcb_force_screen_saver(connection(), XCB_SCREEN_SAVER_RESET);
+    // The screen saver knows nothing of the monitors' power, which only input switches on again.
+    const auto *power = xcb_get_extension_data(connection(), &xcb_dpms_id);
+    if (power && power->present)
+        ignoreErrors(xcb_dpms_force_level_checked(connection(), XCB_DPMS_DPMS_MODE_ON));
 }
 
 Seconds idleTime() {

@@ -47,6 +47,9 @@ void raise(xcb_window_t window);
 /// Puts the window right below the other one.
 void placeBelow(xcb_window_t window, xcb_window_t sibling);
 
+/// Ends a screen saver and wakes monitors that were sent to sleep for want of input.
+void wakeMonitors();
+
 /// How long ago a key was pressed or the mouse was used last. Without an answer a long time.
 [[nodiscard]] Seconds idleTime();
 

@@ -25,7 +25,7 @@ void X11Shield::raise(QWindow &window, PanelRole role) {
     if (m_stack.isLocked())
         m_stack.arrange();
     else
-        xcb_force_screen_saver(x11::connection(), XCB_SCREEN_SAVER_RESET);
+        x11::wakeMonitors();
     flush();
 }
 
