@@ -13,7 +13,8 @@
 namespace vantrel {
 
 /// What a panel shows: an element of a QML module, made with these required properties. Objects
-/// among the properties must outlive the panel.
+/// among the properties must outlive the panel. An element with a property `reducedMotion` gets it
+/// set where the desktop asks programs to move nothing.
 struct PanelContent {
     QString module;   ///< "Vantrel.Takeover", say.
     QString typeName; ///< "TakeoverView", say.

@@ -15,6 +15,8 @@ VANTREL_LOG(shieldLog, "Shield")
 
 namespace {
 
+constexpr QLatin1String reducedMotion("reducedMotion");
+
 /// The title among a content's properties, or that of an object among them.
 QString titleOf(const PanelContent &content) {
     const QString title = content.properties.value(QStringLiteral("title")).toString();
@@ -67,15 +69,17 @@ QQmlEngine &PanelEngine::engine() {
     return *m_engine;
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content, QSize size) {
-    if (auto view = makeView(content, size))
+std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content, QSize size,
+                                                 bool isMotionReduced) {
+    if (auto view = makeView(content, size, isMotionReduced))
         return view;
     qCCritical(shieldLog).noquote() << content.module + u'.' + content.typeName
                                     << "cannot be made; a plain panel stands in for it";
     return std::make_unique<PlainWindow>(titleOf(content));
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content, QSize size) {
+std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content, QSize size,
+                                               bool isMotionReduced) {
     QQmlComponent component(&engine());
     const QString source =
         QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);
@@ -91,7 +95,10 @@ std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content, QSiz
     window->setColor(Qt::black);
     // The window's own item has a size only once the window is shown.
     window->contentItem()->setSize(size);
-    component.setInitialProperties(item, content.properties);
+    QVariantMap properties = content.properties;
+    if (item->metaObject()->indexOfProperty(reducedMotion.data()) >= 0)
+        properties.insert(reducedMotion, isMotionReduced);
+    component.setInitialProperties(item, properties);
     fill(*window, *item);
     component.completeCreate();
     if (component.isError()) {

@@ -1,5 +1,6 @@
 #include "QtShieldingPanels.h"
 
+#include "DesktopSettings.h"
 #include "PanelEngine.h"
 #include "PanelEvents.h"
 #include "QtShieldingPanel.h"
@@ -29,7 +30,8 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
         return nullptr;
     std::erase_if(m_windows, [](const QPointer<QWindow> &window) { return !window; });
     std::unique_ptr<QWindow> window =
-        m_engine->makeWindow(content, QtShieldingPanel::frameOver(*monitor).size());
+        m_engine->makeWindow(content, QtShieldingPanel::frameOver(*monitor).size(),
+                             m_shield && DesktopSettings::ofServer().isMotionReduced());
     window->setTitle(QStringLiteral("Vantrel takeover"));
     m_windows.emplace_back(window.get());
     auto *events =
