@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QMetaObject>
 #include <QStandardPaths>
 
 #include <utility>
@@ -38,31 +39,32 @@ QString EvolutionSource::moduleOfProgram() {
                                  : folder + QStringLiteral("/../lib/vantrel/vantrel-evolution.so");
 }
 
+bool EvolutionSource::isInstalled(const QString &module) {
+    return QFile::exists(module) && isServiceInstalled();
+}
+
 EvolutionSource::EvolutionSource(QString module) : m_module(std::move(module)) {}
 
-EvolutionSource::~EvolutionSource() = default;
+EvolutionSource::~EvolutionSource() {
+    if (m_opening.joinable())
+        m_opening.join();
+}
 
 void EvolutionSource::setWindow(Window window) {
+    const std::lock_guard lock(m_mutex);
     m_window = window;
-    if (m_live)
-        m_live->setWindow(window);
+    if (m_opened.live)
+        m_opened.live->setWindow(window);
 }
 
 void EvolutionSource::start() {
-    m_reason = open();
-    if (!m_live) {
-        qCInfo(eventStoreLog).noquote() << m_reason;
-        return;
-    }
-    m_changes = m_live->changed.subscribe([this] { changed.announce(); });
-    m_live->setWindow(m_window);
-    m_live->start();
+    m_opening = std::thread([this] { adopt(open()); });
 }
 
-/// Answers why it cannot be opened; nothing when it was.
-QString EvolutionSource::open() {
+EvolutionSource::Opened EvolutionSource::open() {
     const auto because = [](const QString &reason) {
-        return QStringLiteral("Accounts of this desktop are not shown: %1.").arg(reason);
+        return Opened{nullptr,
+                      QStringLiteral("Accounts of this desktop are not shown: %1.").arg(reason)};
     };
     if (!QFile::exists(m_module))
         return because(QStringLiteral("this build of Vantrel comes without support for them"));
@@ -81,40 +83,80 @@ QString EvolutionSource::open() {
         reinterpret_cast<MakeEvolutionSource *>(library.resolve(makeEvolutionSourceName));
     if (!make)
         return because(QStringLiteral("their module is of another version of Vantrel"));
-    m_live.reset(make());
-    return {};
+    return {std::unique_ptr<ComponentSource>(make([this] { announceLater(); })), {}};
+}
+
+void EvolutionSource::adopt(Opened opened) {
+    if (!opened.live)
+        qCInfo(eventStoreLog).noquote() << opened.reason;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_opened = std::move(opened);
+        m_isOpened = true;
+        if (m_opened.live) {
+            m_opened.live->setWindow(m_window);
+            m_opened.live->start();
+        }
+    }
+    m_wasOpened.notify_all();
+    announceLater();
+}
+
+void EvolutionSource::announceLater() {
+    QMetaObject::invokeMethod(
+        &m_receiver, [this] { changed.announce(); }, Qt::QueuedConnection);
+}
+
+/// Once it is there it stays until the end, so that it can be asked without the lock.
+ComponentSource *EvolutionSource::live() const {
+    const std::lock_guard lock(m_mutex);
+    return m_opened.live.get();
 }
 
 void EvolutionSource::waitUntilDelivered(Seconds limit) {
-    if (m_live)
-        m_live->waitUntilDelivered(limit);
+    {
+        std::unique_lock lock(m_mutex);
+        m_wasOpened.wait_for(lock, limit, [this] { return m_isOpened; });
+    }
+    if (ComponentSource *const source = live())
+        source->waitUntilDelivered(limit);
 }
 
 std::vector<SourceCalendar> EvolutionSource::calendars() {
-    return m_live ? m_live->calendars() : std::vector<SourceCalendar>();
+    ComponentSource *const source = live();
+    return source ? source->calendars() : std::vector<SourceCalendar>();
 }
 
 SourceKnowledge EvolutionSource::knowledge() const {
+    if (const ComponentSource *const source = live())
+        return source->knowledge();
     // Where there is no service nothing will come, but what came before may come back.
-    return m_live ? m_live->knowledge() : SourceKnowledge{true, {}};
+    const std::lock_guard lock(m_mutex);
+    return {m_isOpened, {}};
 }
 
 QString EvolutionSource::trouble() const {
-    return m_live ? m_live->trouble() : m_reason;
+    if (const ComponentSource *const source = live())
+        return source->trouble();
+    const std::lock_guard lock(m_mutex);
+    return m_opened.reason;
 }
 
 std::optional<std::vector<SourceItem>> EvolutionSource::items(const QString &calendarIdentifier) {
-    return m_live ? m_live->items(calendarIdentifier) : std::nullopt;
+    ComponentSource *const source = live();
+    return source ? source->items(calendarIdentifier) : std::nullopt;
 }
 
 std::optional<QByteArray> EvolutionSource::text(const QString &calendarIdentifier,
                                                 const QByteArray &item) {
-    return m_live ? m_live->text(calendarIdentifier, item) : std::nullopt;
+    ComponentSource *const source = live();
+    return source ? source->text(calendarIdentifier, item) : std::nullopt;
 }
 
 QString EvolutionSource::description(const QString &calendarIdentifier,
                                      const QByteArray &item) const {
-    return m_live ? m_live->description(calendarIdentifier, item) : QString();
+    const ComponentSource *const source = live();
+    return source ? source->description(calendarIdentifier, item) : QString();
 }
 
 } // namespace vantrel

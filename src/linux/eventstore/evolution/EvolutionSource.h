@@ -2,19 +2,27 @@
 
 #include <linux/eventstore/source/ComponentSource.h>
 
+#include <QObject>
 #include <QString>
 
+#include <condition_variable>
 #include <memory>
+#include <mutex>
+#include <thread>
 
 namespace vantrel {
 
 /// The calendars of the desktop's accounts, as Evolution Data Server has them. Opens the module
 /// that talks to it when it starts, and only where the service is there too: elsewhere this is a
-/// source without calendars that can say why, and none of the service's libraries is loaded.
+/// source without calendars that can say why, and none of the service's libraries is loaded. They
+/// are loaded on a thread of their own, since a disk may take its time.
 class EvolutionSource : public ComponentSource {
 public:
     /// The module beside the running program: in its folder, or in `../lib/vantrel`.
     [[nodiscard]] static QString moduleOfProgram();
+
+    /// Whether that module would find the service; asks the disk alone.
+    [[nodiscard]] static bool isInstalled(const QString &module);
 
     explicit EvolutionSource(QString module);
     ~EvolutionSource() override;
@@ -33,13 +41,25 @@ public:
                                       const QByteArray &item) const override;
 
 private:
-    [[nodiscard]] QString open();
+    struct Opened {
+        std::unique_ptr<ComponentSource> live; ///< Null where there is no service.
+        QString reason;                        ///< Why there is none.
+    };
+
+    [[nodiscard]] Opened open();
+    void adopt(Opened opened);
+    void announceLater();
+    [[nodiscard]] ComponentSource *live() const;
 
     const QString m_module;
+    QObject m_receiver; ///< Announcements for it are dropped once it is gone.
+    std::thread m_opening;
+
+    mutable std::mutex m_mutex; ///< Guards what follows.
+    std::condition_variable m_wasOpened;
     Window m_window;
-    QString m_reason; ///< Why the module was not opened; set before anybody asks.
-    Subscription m_changes;
-    std::unique_ptr<ComponentSource> m_live; ///< Null where there is no service.
+    bool m_isOpened = false; ///< Or will not be. Neither of these two changes any more then.
+    Opened m_opened;
 };
 
 } // namespace vantrel

@@ -27,29 +27,55 @@ void AccountRegistry::start() {
     connect();
 }
 
+/// The libraries talk over the connection that everything in the process shares, whose signals
+/// come to whichever thread was first to ask for it. What has to be heard here for certain takes a
+/// connection of our own.
 void AccountRegistry::connect() {
     m_cancellable.reset(g_cancellable_new());
-    g_bus_get(G_BUS_TYPE_SESSION, m_cancellable.get(), Async::ready,
-              Async::data([weak = weak_from_this()](GObject * /*object*/, GAsyncResult *result) {
-                  Failure failure;
-                  const Reference<GDBusConnection> bus(g_bus_get_finish(result, failure.out()));
-                  // GLib would end the program together with the bus.
-                  if (bus)
-                      g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
-                  const auto self = weak.lock();
-                  if (!self)
-                      return;
-                  if (bus && !g_dbus_connection_is_closed(bus.get()))
-                      self->adoptBus(bus.get());
-                  else
-                      self->fail("no session bus: " + failure.message());
-              }));
+    Failure failure;
+    const QByteArray address =
+        takeText(g_dbus_address_get_for_bus_sync(G_BUS_TYPE_SESSION, nullptr, failure.out()));
+    if (failure)
+        return fail("no session bus: " + failure.message());
+    g_dbus_connection_new_for_address(
+        address.constData(),
+        static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                          G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+        nullptr, m_cancellable.get(), Async::ready,
+        Async::data([weak = weak_from_this()](GObject * /*object*/, GAsyncResult *result) {
+            Failure problem;
+            const Reference<GDBusConnection> bus(
+                g_dbus_connection_new_for_address_finish(result, problem.out()));
+            const auto self = weak.lock();
+            if (self && bus)
+                self->adoptBus(bus.get());
+            else if (self)
+                self->fail("no session bus: " + problem.message());
+        }));
 }
 
 void AccountRegistry::adoptBus(GDBusConnection *bus) {
     m_bus = anotherReference(bus);
     g_signal_connect(bus, "closed", G_CALLBACK(busClosed), this);
-    open();
+    shareBus();
+}
+
+void AccountRegistry::shareBus() {
+    g_bus_get(G_BUS_TYPE_SESSION, m_cancellable.get(), Async::ready,
+              Async::data([weak = weak_from_this()](GObject * /*object*/, GAsyncResult *result) {
+                  Failure failure;
+                  Reference<GDBusConnection> bus(g_bus_get_finish(result, failure.out()));
+                  // GLib would end the program together with the bus.
+                  if (bus)
+                      g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+                  const auto self = weak.lock();
+                  if (!self || !self->m_bus)
+                      return;
+                  if (!bus || g_dbus_connection_is_closed(bus.get()))
+                      return self->fail("no session bus: " + failure.message());
+                  self->m_sharedBus = std::move(bus);
+                  self->open();
+              }));
 }
 
 void AccountRegistry::open() {
@@ -100,8 +126,7 @@ void AccountRegistry::serviceVanished(GDBusConnection * /*bus*/, const gchar * /
     auto *registry = static_cast<AccountRegistry *>(self);
     if (g_dbus_connection_is_closed(registry->m_bus.get()))
         return;
-    if (!std::exchange(registry->m_isTrouble, true))
-        qCWarning(eventStoreLog) << "the registry of accounts has ended; its calendars stay";
+    registry->noteTrouble("the registry of accounts has ended; its calendars stay");
     registry->m_retry.startFor(registry->m_pause.next(), [registry] { registry->wakeService(); });
 }
 
@@ -136,16 +161,20 @@ void AccountRegistry::relist() {
 }
 
 void AccountRegistry::fail(const QByteArray &reason) {
-    if (!std::exchange(m_isTrouble, true))
-        qCWarning(eventStoreLog).noquote() << QString::fromUtf8(reason);
+    noteTrouble(reason);
     disconnect();
     m_listener.failed();
     m_retry.startFor(m_pause.next(), [this] { connect(); });
 }
 
+void AccountRegistry::noteTrouble(const QByteArray &reason) {
+    if (std::exchange(m_trouble, reason) != reason)
+        qCWarning(eventStoreLog).noquote() << QString::fromUtf8(reason);
+}
+
 void AccountRegistry::noteReturn() {
     m_pause.reset();
-    if (std::exchange(m_isTrouble, false))
+    if (!std::exchange(m_trouble, {}).isEmpty())
         qCInfo(eventStoreLog) << "the registry of accounts is back";
 }
 
@@ -163,6 +192,7 @@ void AccountRegistry::disconnect() {
     if (m_bus)
         g_signal_handlers_disconnect_by_data(m_bus.get(), this);
     m_bus.reset();
+    m_sharedBus.reset();
 }
 
 } // namespace vantrel

@@ -42,7 +42,9 @@ private:
 
     void connect();
     void adoptBus(GDBusConnection *bus);
+    void shareBus();
     void open();
+    void noteTrouble(const QByteArray &reason);
     void adopt(ESourceRegistry *registry);
     void wakeService();
     void relist();
@@ -52,13 +54,14 @@ private:
 
     const Listener m_listener;
     Reference<GCancellable> m_cancellable;
-    Reference<GDBusConnection> m_bus;
+    Reference<GDBusConnection> m_bus; ///< Of our own; see `connect`.
+    Reference<GDBusConnection> m_sharedBus;
     Reference<ESourceRegistry> m_registry;
     guint m_watch = 0;
     ContextTimer m_relisting;
     ContextTimer m_retry;
     RetryPause m_pause;
-    bool m_isTrouble = false; ///< And the log says so.
+    QByteArray m_trouble; ///< What the log says last; empty while there is none.
 };
 
 } // namespace vantrel

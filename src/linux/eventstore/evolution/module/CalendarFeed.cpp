@@ -17,6 +17,9 @@ namespace {
 /// A back end that gives no sign of life for so long loses its slot to others.
 constexpr Seconds patience{60.0};
 
+/// One that ends again and again is not started every second.
+constexpr Seconds steadyTime{60.0};
+
 /// Does not wait for the server: what the service has on its disk is there at once.
 constexpr guint32 withoutWaiting = static_cast<guint32>(-1);
 
@@ -134,7 +137,7 @@ void CalendarFeed::take() {
     m_view = std::move(m_next);
     noteIf(m_surroundings.table.replace(m_identifier, m_view->items()));
     noteIf(m_surroundings.table.settle(m_identifier));
-    m_pause.reset();
+    m_steady.startFor(steadyTime, [this] { m_pause.reset(); });
     if (std::exchange(m_isTrouble, false))
         qCInfo(eventStoreLog).noquote()
             << m_surroundings.table.title(m_identifier) + QStringLiteral(": is back");
@@ -160,6 +163,7 @@ void CalendarFeed::fail(const QByteArray &reason) {
 void CalendarFeed::disconnect() {
     m_deadline.stop();
     m_retry.stop();
+    m_steady.stop();
     m_next.reset();
     m_view.reset();
     m_series.reset();

@@ -72,6 +72,7 @@ private:
     ConnectSlots::Ticket m_ticket;
     ContextTimer m_deadline; ///< Of the next sign of life.
     ContextTimer m_retry;
+    ContextTimer m_steady; ///< Until it counts as sound again, and pauses begin anew.
     RetryPause m_pause;
     bool m_isTrouble = false;      ///< And the log says so.
     QByteArray m_lastBackendError; ///< Stands in the log.

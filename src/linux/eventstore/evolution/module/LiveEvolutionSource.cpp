@@ -4,16 +4,12 @@
 
 #include <linux/eventstore/ical/EventIdentifier.h>
 
-#include <QMetaObject>
+#include <utility>
 
 namespace vantrel {
 
-LiveEvolutionSource::LiveEvolutionSource() {
-    m_service = std::make_shared<EvolutionService>(m_table, [this] {
-        QMetaObject::invokeMethod(
-            &m_receiver, [this] { changed.announce(); }, Qt::QueuedConnection);
-    });
-}
+LiveEvolutionSource::LiveEvolutionSource(std::function<void()> announce)
+    : m_service(std::make_shared<EvolutionService>(m_table, std::move(announce))) {}
 
 LiveEvolutionSource::~LiveEvolutionSource() {
     m_thread.stop([this] { m_service.reset(); });

@@ -5,8 +5,7 @@
 
 #include <linux/eventstore/source/ComponentSource.h>
 
-#include <QObject>
-
+#include <functional>
 #include <memory>
 
 namespace vantrel {
@@ -14,10 +13,11 @@ namespace vantrel {
 class EvolutionService;
 
 /// The calendars of Evolution Data Server. Talks to it on a thread of its own and answers from a
-/// table; made and destroyed on the main thread.
+/// table. `changed` stays silent: whoever made it hears of changes by `announce`, which is called
+/// on that thread.
 class LiveEvolutionSource : public ComponentSource {
 public:
-    LiveEvolutionSource();
+    explicit LiveEvolutionSource(std::function<void()> announce);
     ~LiveEvolutionSource() override;
 
     void setWindow(Window window) override;
@@ -40,7 +40,6 @@ public:
 private:
     AnswerTable m_table;
     std::shared_ptr<EvolutionService> m_service; ///< Of the service's thread.
-    QObject m_receiver; ///< Announcements for it are dropped once it is gone.
     ServiceThread m_thread;
 };
 

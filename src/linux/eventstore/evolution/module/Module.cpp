@@ -2,8 +2,9 @@
 
 #include <linux/eventstore/evolution/ModuleEntry.h>
 
-extern "C" Q_DECL_EXPORT vantrel::ComponentSource *vantrelMakeEvolutionSource() {
-    return std::make_unique<vantrel::LiveEvolutionSource>().release();
+extern "C" Q_DECL_EXPORT vantrel::ComponentSource *
+vantrelMakeEvolutionSource(std::function<void()> announce) {
+    return std::make_unique<vantrel::LiveEvolutionSource>(std::move(announce)).release();
 }
 
 static_assert(std::is_same_v<decltype(vantrelMakeEvolutionSource), vantrel::MakeEvolutionSource>);
