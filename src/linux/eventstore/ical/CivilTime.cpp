@@ -38,6 +38,8 @@ std::optional<int> parseTimeOfDay(QByteArrayView text) {
     const int hour = number(text.first(2));
     const int minute = number(text.sliced(2, 2));
     const int second = number(text.sliced(4, 2));
+    if (hour == 24 && minute == 0 && second == 0)
+        return secondsPerDay;
     if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 60)
         return std::nullopt;
     return hour * 3600 + minute * 60 + (second == 60 ? 59 : second);

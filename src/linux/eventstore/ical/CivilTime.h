@@ -41,7 +41,8 @@ struct DateTimeText {
 };
 
 /// Reads "19970714", "19970714T133000" and "19970714T133000Z". Empty for anything else, and for
-/// days and times that no calendar and no clock shows. A leap second reads as the one before it.
+/// days and times that no calendar and no clock shows. A leap second reads as the one before it,
+/// "T240000" as the midnight that ends the day.
 [[nodiscard]] std::optional<DateTimeText> parseDateTime(QByteArrayView text);
 
 /// Reads "P15DT5H0M20S", "P7W", "-PT10M". Empty for anything else, for negative lengths, and for

@@ -4,6 +4,8 @@
 #include "EventTexts.h"
 #include "ZoneRegistry.h"
 
+#include <QStringDecoder>
+
 #include <utility>
 
 namespace vantrel {
@@ -40,6 +42,12 @@ public:
 private:
     enum class Inside { calendar, event, zone, other };
 
+    enum class Message {
+        event,
+        cancellation,
+        answer, ///< To an invitation: repeats of the event what it likes.
+    };
+
     void noteCut(const ContentLine &line) {
         if (!line.isNamed("ATTACH"))
             m_result.problems.add(line.number, QStringLiteral("line longer than 64 KB, cut there"));
@@ -55,6 +63,7 @@ private:
         } else if (isWord(name, "VCALENDAR")) {
             abandonEvent();
             m_hasBegun = true;
+            m_message = Message::event;
             m_result.isComplete = false;
             enter(Inside::calendar);
         } else if (isWord(name, "VTIMEZONE") && m_inside != Inside::event) {
@@ -111,6 +120,19 @@ private:
             m_result.name = textValue(line.value).simplified();
         else if (line.isNamed("X-APPLE-CALENDAR-COLOR") || line.isNamed("COLOR"))
             m_result.color = textValue(line.value).trimmed();
+        else if (line.isNamed("METHOD"))
+            m_message = messageOf(line.value.trimmed());
+    }
+
+    /// Calendars that were sent as messages say what they are for (RFC 5546, section 1.4).
+    static Message messageOf(QByteArrayView method) {
+        if (isWord(method, "CANCEL"))
+            return Message::cancellation;
+        for (const char *const answer : {"REPLY", "REFRESH", "COUNTER", "DECLINECOUNTER"}) {
+            if (isWord(method, answer))
+                return Message::answer;
+        }
+        return Message::event;
     }
 
     void enter(Inside inside) {
@@ -129,8 +151,10 @@ private:
     }
 
     void closeEvent() {
-        if (!m_properties.finish(m_event))
+        if (m_message == Message::answer || !m_properties.finish(m_event))
             return;
+        if (m_message == Message::cancellation)
+            m_event.status = "CANCELLED";
         if (m_result.events.size() < maximumEvents)
             m_result.events.push_back(std::move(m_event));
         else
@@ -164,7 +188,8 @@ private:
             bool isNamed = false;
             QByteArrayView location;
             for (const ContentLine &line : block) {
-                isNamed = isNamed || (line.isNamed("TZID") && line.value.trimmed() == name);
+                isNamed =
+                    isNamed || (line.isNamed("TZID") && unquoted(line.value.trimmed()) == name);
                 if (line.isNamed("X-LIC-LOCATION"))
                     location = line.value;
             }
@@ -185,15 +210,24 @@ private:
     std::vector<ContentLine> m_zoneLines;
     std::vector<std::vector<ContentLine>> m_zoneBlocks;
     Inside m_inside = Inside::calendar;
+    Message m_message = Message::event;
     int m_depth = 0; ///< Of blocks within the one that counts.
     bool m_hasBegun = false;
 };
+
+/// Some programs save in UTF-16, with a mark that says so.
+QByteArray inUtf8(QByteArray text) {
+    if (!text.startsWith("\xFF\xFE") && !text.startsWith("\xFE\xFF"))
+        return text;
+    QStringDecoder decode(QStringDecoder::Utf16);
+    return QString(decode(text)).toUtf8();
+}
 
 } // namespace
 
 CalendarText readCalendarText(QByteArray text, ZoneRegistry &zones) {
     CalendarText result;
-    result.text = std::move(text);
+    result.text = inUtf8(std::move(text));
     Reader(result, zones).read();
     return result;
 }

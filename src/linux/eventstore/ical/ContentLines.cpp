@@ -44,12 +44,6 @@ QByteArrayView withoutBrokenCharacter(QByteArrayView line, bool isCut) {
     return line;
 }
 
-QByteArrayView unquoted(QByteArrayView text) {
-    return text.size() >= 2 && text.startsWith('"') && text.endsWith('"')
-               ? text.sliced(1, text.size() - 2)
-               : text;
-}
-
 } // namespace
 
 bool ContentLine::isNamed(QByteArrayView upperCaseName) const {

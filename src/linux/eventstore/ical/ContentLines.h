@@ -10,6 +10,13 @@ namespace vantrel {
     return text.compare(word, Qt::CaseInsensitive) == 0;
 }
 
+/// A value without the quotes around it, if there are any.
+[[nodiscard]] inline QByteArrayView unquoted(QByteArrayView text) {
+    return text.size() >= 2 && text.startsWith('"') && text.endsWith('"')
+               ? text.sliced(1, text.size() - 2)
+               : text;
+}
+
 /// One line of an iCalendar text (RFC 5545, section 3.1), unfolded: a name, parameters, a value.
 /// The parts are views into the text that is being read.
 struct ContentLine {

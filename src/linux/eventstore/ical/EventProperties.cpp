@@ -15,6 +15,12 @@ constexpr std::size_t maximumRules = 8;
 constexpr std::size_t maximumDates = 50'000;
 constexpr std::size_t maximumAttendees = 2'000;
 
+/// A conference may be named several times, among them as a number to dial.
+bool isOfTheWeb(QByteArrayView address) {
+    return isWord(address.trimmed().first(std::min<qsizetype>(address.trimmed().size(), 4)),
+                  "http");
+}
+
 /// An identity for an event that has none: the same as long as its start, rule and title are.
 QByteArray identityOf(const EventComponent &event) {
     QCryptographicHash hash(QCryptographicHash::Sha1);
@@ -53,8 +59,9 @@ bool EventProperties::readTexts(EventComponent &event, const ContentLine &line) 
         return setText(event.description);
     if (line.isNamed("URL"))
         return setValue(event.url);
-    if (line.isNamed("CONFERENCE") || line.isNamed("X-GOOGLE-CONFERENCE"))
-        return setValue(event.conference);
+    if (line.isNamed("CONFERENCE") || line.isNamed("X-GOOGLE-CONFERENCE") ||
+        line.isNamed("X-MICROSOFT-SKYPETEAMSMEETINGURL"))
+        return !isOfTheWeb(line.value) || setValue(event.conference);
     if (line.isNamed("STATUS"))
         return setValue(event.status);
     if (line.isNamed("ATTENDEE")) {
@@ -158,6 +165,14 @@ bool EventProperties::finish(EventComponent &event) {
 }
 
 std::optional<Moment> EventProperties::moment(const ContentLine &line, QByteArrayView value) {
+    QByteArrayView zone = line.parameter("TZID");
+    // "TZID=GMT+08:00:20260302T090000": a colon that ought to be in quotes. Both parts are views
+    // into the same line.
+    if (const auto colon = value.lastIndexOf(':'); colon >= 0) {
+        if (!zone.isEmpty() && zone.end() + 1 == line.value.begin())
+            zone = QByteArrayView(zone.begin(), value.begin() + colon);
+        value = value.sliced(colon + 1);
+    }
     const auto read = parseDateTime(value);
     if (!read) {
         m_problems.add(line.number, QStringLiteral("impossible date or time"));
@@ -168,7 +183,6 @@ std::optional<Moment> EventProperties::moment(const ContentLine &line, QByteArra
     if (read->isDate) {
         moment.kind = Moment::Kind::date;
     } else if (!read->isUtc) {
-        const QByteArrayView zone = line.parameter("TZID");
         moment.zone = zone.isEmpty() ? nullptr : zoneNamed(zone);
         moment.kind = moment.zone ? Moment::Kind::zoned : Moment::Kind::floating;
     }

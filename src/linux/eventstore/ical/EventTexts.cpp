@@ -43,7 +43,7 @@ StoreEventStatus statusOf(QByteArrayView text) {
         return StoreEventStatus::confirmed;
     if (isWord(text, "TENTATIVE"))
         return StoreEventStatus::tentative;
-    if (isWord(text, "CANCELLED"))
+    if (isWord(text, "CANCELLED") || isWord(text, "CANCELED"))
         return StoreEventStatus::cancelled;
     return StoreEventStatus::none;
 }

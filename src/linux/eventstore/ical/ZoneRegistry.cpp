@@ -42,11 +42,31 @@ std::optional<QTimeZone> zoneNamed(const QByteArray &name) {
     return zone.isValid() ? std::optional(std::move(zone)) : std::nullopt;
 }
 
+/// "GMT+08:00", "UTC-5", "+0530": hours ahead of UTC, as ISO 8601 counts them.
+std::optional<QTimeZone> zoneOfOffset(QByteArrayView name) {
+    if (isWord(name.first(std::min<qsizetype>(name.size(), 3)), "GMT") ||
+        isWord(name.first(std::min<qsizetype>(name.size(), 3)), "UTC"))
+        name = name.sliced(3);
+    if (name.size() < 2 || name.size() > 6 || (name[0] != '+' && name[0] != '-'))
+        return std::nullopt;
+    QByteArray digits = name.sliced(1).toByteArray().replace(":", "");
+    if (digits.size() <= 2)
+        digits += "00";
+    bool isNumber = false;
+    const uint value = digits.toUInt(&isNumber);
+    if (!isNumber || value / 100 > 14 || value % 100 > 59)
+        return std::nullopt;
+    const int seconds = static_cast<int>(value / 100 * 3600 + value % 100 * 60);
+    return QTimeZone(name[0] == '-' ? -seconds : seconds);
+}
+
 std::optional<QTimeZone> findZone(QByteArrayView name) {
     const QByteArray windowsName = QTimeZone::windowsIdToDefaultIanaId(name.toByteArray());
     if (!windowsName.isEmpty())
         return zoneNamed(windowsName);
     if (auto zone = zoneNamed(name.toByteArray()))
+        return zone;
+    if (auto zone = zoneOfOffset(name))
         return zone;
     // A vendor's prefix is cut off folder by folder: names hold up to two slashes themselves.
     for (auto slash = name.indexOf('/'); slash >= 0; slash = name.indexOf('/')) {

@@ -19,7 +19,8 @@ public:
     [[nodiscard]] static bool hasSystemZones();
 
     /// The system's zone of that name: an IANA name, one behind a vendor's prefix
-    /// ("/mozilla.org/20070129_1/Europe/Berlin"), or a Windows name. Null when there is none.
+    /// ("/mozilla.org/20070129_1/Europe/Berlin"), or a Windows name; or the zone of a fixed offset
+    /// that is its own name ("GMT+08:00"). Null when there is none.
     std::shared_ptr<const Zone> systemZone(QByteArrayView name);
 
     /// The zone as the lines of a VTIMEZONE block describe it. Null when they hold no rule that
