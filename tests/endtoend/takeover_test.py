@@ -149,6 +149,46 @@ class TakeoverTest(unittest.TestCase):
         within(5, agent.opened_url, "the keyboard followed")
         self.wait_for_end()
 
+    def test_stays_up_and_keeps_the_keyboard_when_the_window_manager_is_replaced(self):
+        agent = self.start_agent()
+        self.write_meeting_soon(agent, f"URL:{LINK}")
+        self.wait_for_takeover()
+        manager = self.window_manager_id()
+        self.desktop.start("xfwm4", "--replace", "--compositor=off")
+        within(20, lambda: self.window_manager_id() not in (None, manager), "another manager runs")
+        within(5, lambda: share(self.desktop.picture(), LEFT, SURFACE) > 0.7, "it is on top")
+        self.assert_covered(interactive=LEFT, echo=RIGHT)
+        self.desktop.press("space")
+        within(5, agent.opened_url, "the keyboard is the takeover's")
+        self.wait_for_end()
+
+    def test_takes_no_text_that_is_being_typed_for_an_answer(self):
+        agent = self.start_agent()
+        self.write_meeting_soon(agent, f"URL:{LINK}")
+        while not self.desktop.panels():
+            self.desktop.press("space")
+        self.desktop.press("space")
+        # Two seconds after it came up every key counts, and the typing is over long before.
+        time.sleep(0.6)
+        self.assertIsNone(agent.opened_url())
+        self.assertEqual(len(self.desktop.panels()), 2)
+        self.desktop.press("space")
+        within(5, agent.opened_url, "a press after a pause is an answer")
+        self.wait_for_end()
+
+    def test_s_snoozes_on_a_keyboard_without_latin_letters(self):
+        self.desktop.ask("setxkbmap", "-layout", "ru")
+        agent = self.start_agent()
+        self.write_meeting_soon(agent)
+        self.wait_for_takeover()
+        self.desktop.press("39")  # the key's number, whatever it writes
+        self.wait_for_end()
+        self.assertEqual(agent.counts()["snoozes"], 1)
+
+    def window_manager_id(self):
+        words = self.desktop.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK").decode().split()
+        return words[-1] if words and words[-1].startswith("0x") else None
+
     def test_sees_a_meeting_moved_and_one_deleted_while_it_runs(self):
         agent = self.start_agent()
         start = math.ceil(time.time()) + LEAD + 6
