@@ -1,10 +1,10 @@
 #include "Agenda.h"
 
+#include "Output.h"
+
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
 #include <cmath>
 
 namespace vantrel {
@@ -21,14 +21,6 @@ QString isoText(Instant instant, const LocalCalendar &calendar) {
                .arg(QLatin1Char(offset < 0 ? '-' : '+'))
                .arg(minutes / 60, 2, 10, QLatin1Char('0'))
                .arg(minutes % 60, 2, 10, QLatin1Char('0'));
-}
-
-QString colorText(const Color &color) {
-    const auto byte = [](double component) {
-        return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255.0));
-    };
-    const int value = byte(color.red) << 16 | byte(color.green) << 8 | byte(color.blue);
-    return QStringLiteral("#%1").arg(value, 6, 16, QLatin1Char('0'));
 }
 
 QJsonValue orNull(const std::optional<QString> &text) {
@@ -52,24 +44,10 @@ QJsonValue phoneObject(const std::optional<MeetingLink> &link) {
 
 /// The title of the calendar that holds the event; null for an event that the store no longer has.
 QJsonValue calendarTitle(const UpcomingEvent &event, const EventStore &store) {
-    const auto stored = store.eventWithIdentifier(event.id.section(u'|', 0, 0));
+    const auto stored = store.eventWithIdentifier(event.eventIdentifier());
     if (!stored || !stored->calendar)
         return QJsonValue(QJsonValue::Null);
     return stored->calendar->title;
-}
-
-QString printable(QString text) {
-    for (QChar &character : text) {
-        const bool isControl = character.category() == QChar::Other_Control ||
-                               character.category() == QChar::Other_Format ||
-                               character.category() == QChar::Separator_Line ||
-                               character.category() == QChar::Separator_Paragraph;
-        // Joiners hold emoji and some scripts together and drive nothing.
-        const bool isJoiner = character == QChar(0x200c) || character == QChar(0x200d);
-        if (isControl && !isJoiner)
-            character = u' ';
-    }
-    return text;
 }
 
 } // namespace
@@ -92,9 +70,8 @@ QByteArray Agenda::json(const std::vector<UpcomingEvent> &events, Instant now,
             {QStringLiteral("detailPreview"), orNull(event.detailPreview())},
         });
     }
-    return QJsonDocument(QJsonObject{{QStringLiteral("now"), isoText(now, calendar)},
-                                     {QStringLiteral("events"), array}})
-        .toJson(QJsonDocument::Indented);
+    return jsonOutput(
+        {{QStringLiteral("now"), isoText(now, calendar)}, {QStringLiteral("events"), array}});
 }
 
 QByteArray Agenda::text(const std::vector<UpcomingEvent> &events, const LocalCalendar &calendar) {

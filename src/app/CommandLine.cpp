@@ -10,21 +10,24 @@ namespace {
 constexpr Seconds longestHorizon{3660 * 86400.0};
 
 const char helpText[] = R"(Usage: vantrel [OPTION]...
-       vantrel agenda [OPTION]...
+       vantrel agenda|calendars [OPTION]...
 
 Vantrel covers every screen shortly before each of your meetings, so that you never miss one.
 Without a verb it runs until it is told to end.
 
 Verbs:
   agenda                 print the upcoming events and end; needs no running agent
+  calendars              print the calendars, and which are watched, and end; needs none either
 
 Options:
   --profile FOLDER       keep settings, calendars and the rescue log in FOLDER
   --help                 this text
   --version              the version
 
-Options of agenda:
+Options of agenda and calendars:
   --json                 one JSON object instead of text
+
+Options of agenda:
   --calendars PATH       read this calendar folder, folder of calendar folders or .ics file
                          instead of the selected calendars; may be given several times
   --now ISO8601          take this for the present moment; without an offset in local time
@@ -100,12 +103,18 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
     const QStringList positional = parser.positionalArguments();
     if (positional == QStringList{QStringLiteral("agenda")})
         return readAgenda(parser, calendar, profile);
-    if (!positional.isEmpty())
+    const bool isCalendars = positional == QStringList{QStringLiteral("calendars")};
+    if (!positional.isEmpty() && !isCalendars)
         return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
-    for (const char *option : {"json", "calendars", "now", "horizon"}) {
+    for (const char *option : {"calendars", "now", "horizon"}) {
         if (parser.isSet(QLatin1String(option)))
             return UsageError{QStringLiteral("--%1 goes with agenda").arg(QLatin1String(option))};
     }
+    const bool asJson = parser.isSet(QStringLiteral("json"));
+    if (isCalendars)
+        return PrintCalendars{profile, asJson};
+    if (asJson)
+        return UsageError{QStringLiteral("--json goes with a verb")};
     return RunAgent{profile};
 }
 

@@ -29,6 +29,12 @@ struct PrintAgenda {
     Seconds horizon = defaultHorizon;
 };
 
+/// Prints the calendars and which of them are watched, and ends.
+struct PrintCalendars {
+    std::optional<QString> profile;
+    bool asJson = false;
+};
+
 /// Prints a text on standard output and ends with exit code 0.
 struct PrintText {
     QString text;
@@ -39,7 +45,7 @@ struct UsageError {
     QString message;
 };
 
-using Command = std::variant<RunAgent, PrintAgenda, PrintText, UsageError>;
+using Command = std::variant<RunAgent, PrintAgenda, PrintCalendars, PrintText, UsageError>;
 
 /// Reads the program's arguments, its own name first. Dates without an offset are read in the zone
 /// of `calendar`.

@@ -1,5 +1,6 @@
 #include "Agenda.h"
 #include "AppCoordinator.h"
+#include "CalendarList.h"
 #include "CommandLine.h"
 
 #include <linux/consent/ConsentDialog.h>
@@ -142,7 +143,7 @@ std::optional<QString> whyNothingIsRead(StoreAuthorization authorization) {
     case StoreAuthorization::notDetermined:
     case StoreAuthorization::writeOnly:
         return QStringLiteral("access to the calendars has not been granted; start vantrel without "
-                              "a verb and allow it, or name calendars with --calendars");
+                              "a verb and allow it");
     }
     Q_UNREACHABLE();
 }
@@ -166,7 +167,7 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
         isOwn ? std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), nullptr)
               : StoreAccess::granted());
     if (const auto reason = whyNothingIsRead(store.authorizationStatus()))
-        return fail(failed, *reason);
+        return fail(failed, *reason + QStringLiteral(", or name calendars with --calendars"));
     store.loadNow();
 
     JsonUserDefaults defaults(settingsFile(command.profile));
@@ -174,6 +175,28 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
         isOwn ? selectedCalendars(defaults, store) : everyCalendar(store), now, command.horizon);
     return show(command.asJson ? Agenda::json(events, now, store, currentCalendar())
                                : Agenda::text(events, currentCalendar()));
+}
+
+/// Without access the list, which says so, is printed for programs alone.
+int printCalendars(int &argc, char **argv, const PrintCalendars &command) {
+    const QCoreApplication application(argc, argv);
+    QtMainQueue queue;
+    LocalEventStore store(
+        queue, StoreConfiguration::ofUser(command.profile), currentCalendar,
+        std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), nullptr));
+    store.loadNow();
+
+    const CalendarRepository repository(store, currentCalendar);
+    JsonUserDefaults defaults(settingsFile(command.profile));
+    const CalendarList list{CalendarAccess(store).currentStatus(),
+                            repository.currentSnapshot(),
+                            CalendarSelection::inForce(defaults, repository),
+                            CalendarSelection::isStored(defaults),
+                            store.hasAllCalendars(),
+                            store.troubles()};
+    const auto reason = whyNothingIsRead(store.authorizationStatus());
+    const int code = command.asJson ? show(list.json()) : reason ? done : show(list.text());
+    return reason ? fail(failed, *reason) : code;
 }
 
 } // namespace
@@ -196,5 +219,7 @@ int main(int argc, char **argv) {
         return show(text->text.toUtf8());
     if (const auto *agenda = std::get_if<PrintAgenda>(&command))
         return printAgenda(argc, argv, *agenda);
+    if (const auto *calendars = std::get_if<PrintCalendars>(&command))
+        return printCalendars(argc, argv, *calendars);
     return runAgent(argc, argv, std::get<RunAgent>(command));
 }

@@ -60,6 +60,19 @@ TEST(CommandLine, TakesTheVerbBehindAnOption) {
     EXPECT_EQ(std::get<PrintAgenda>(command).profile, QStringLiteral("p"));
 }
 
+TEST(CommandLine, ListsTheCalendars) {
+    const Command plain = parse({QStringLiteral("calendars")});
+    ASSERT_TRUE(std::holds_alternative<PrintCalendars>(plain));
+    EXPECT_FALSE(std::get<PrintCalendars>(plain).asJson);
+    EXPECT_FALSE(std::get<PrintCalendars>(plain).profile);
+
+    const Command full = parse({QStringLiteral("calendars"), QStringLiteral("--json"),
+                                QStringLiteral("--profile"), QStringLiteral("p")});
+    ASSERT_TRUE(std::holds_alternative<PrintCalendars>(full));
+    EXPECT_TRUE(std::get<PrintCalendars>(full).asJson);
+    EXPECT_EQ(std::get<PrintCalendars>(full).profile, QStringLiteral("p"));
+}
+
 struct Moment {
     const char *text;
     const char *utc;
@@ -103,7 +116,9 @@ INSTANTIATE_TEST_SUITE_P(Kinds, WrongUsage,
                                          "agenda --horizon 0", "agenda --horizon -5",
                                          "agenda --horizon nan", "agenda --horizon inf",
                                          "agenda --horizon 1e300", "agenda --horizon soon",
-                                         "agenda --calendars"));
+                                         "agenda --calendars", "calendars more", "calendars agenda",
+                                         "calendars --now 2026-03-02", "calendars --horizon 60",
+                                         "calendars --calendars a"));
 
 TEST(CommandLine, PrintsHelpAndVersion) {
     for (const char *option : {"--help", "--version"}) {
