@@ -19,6 +19,7 @@ bool isEscape(QStringView text, qsizetype position, QLatin1String escape) {
 
 constexpr QLatin1String escapedLess("%3C");
 constexpr QLatin1String escapedGreater("%3E");
+constexpr QLatin1String escapedBlank("%20");
 
 } // namespace
 
@@ -141,6 +142,14 @@ bool LinkExtent::takesColon() {
     if (!isHttps && !before.endsWith(u"http", Qt::CaseInsensitive))
         return true;
     const qsizetype inner = m_end - (isHttps ? 5 : 4);
+    if (inner - 3 > m_body && isEscape(m_text, inner - 3, escapedLess)) {
+        // "https://zoom.us/j/1%20%3Chttps://zoom.us/j/1%3E"
+        --m_openEscapes;
+        m_end = inner - 3;
+        if (m_end - 3 > m_body && isEscape(m_text, m_end - 3, escapedBlank))
+            m_end -= 3;
+        return false;
+    }
     const char16_t last = at(inner - 1);
     const bool isEscaped = inner - 3 >= m_body && at(inner - 3) == u'%' && isHexDigit(last);
     if (inner == m_body || isEscaped)

@@ -19,6 +19,39 @@ bool startsWith(QStringView text, QLatin1String prefix) {
     return text.startsWith(prefix, Qt::CaseInsensitive);
 }
 
+/// Elements of HTML whose attributes name what is loaded, not where one may go.
+constexpr QLatin1String loadingElements[] = {
+    QLatin1String("img"),   QLatin1String("link"),  QLatin1String("base"),
+    QLatin1String("html"),  QLatin1String("meta"),  QLatin1String("script"),
+    QLatin1String("body"),  QLatin1String("table"), QLatin1String("td"),
+    QLatin1String("th"),    QLatin1String("tr"),    QLatin1String("source"),
+    QLatin1String("video"), QLatin1String("audio"), QLatin1String("input"),
+};
+
+/// Whether the position lies in the attributes of such an element.
+bool isInLoadingElement(QStringView text, qsizetype position) {
+    constexpr qsizetype farthest = 256;
+    const qsizetype first = std::max<qsizetype>(position - farthest, 0);
+    const QStringView before = text.mid(first, position - first);
+    const qsizetype opening = before.lastIndexOf(u'<');
+    if (opening < 0 || before.indexOf(u'>', opening) >= 0 || before.indexOf(u'=', opening) < 0)
+        return false;
+    const QStringView element = before.mid(opening + 1);
+    const auto end =
+        std::find_if(element.cbegin(), element.cend(), [](QChar c) { return c.isSpace(); });
+    const QStringView name = element.left(end - element.cbegin());
+    return std::any_of(
+        std::begin(loadingElements), std::end(loadingElements),
+        [name](QLatin1String one) { return name.compare(one, Qt::CaseInsensitive) == 0; });
+}
+
+/// "url(" of a style sheet, with or without a quote.
+bool isInStyleSheet(QStringView text, qsizetype position) {
+    if (position > 0 && isOneOf(text[position - 1].unicode(), u"'\""))
+        --position;
+    return text.left(position).endsWith(u"url(");
+}
+
 } // namespace
 
 LinkScanner::LinkScanner(QStringView text) : m_text(text) {}
@@ -148,6 +181,11 @@ std::optional<LinkScanner::Link> LinkScanner::bareLink(const BareHost &host,
 /// program or a person shows in place of a link, often shortened.
 bool LinkScanner::isLabel(qsizetype end) const {
     constexpr qsizetype longestEllipsis = 3;
+    const QStringView behind = m_text.mid(end, 6);
+    for (const auto &opener : {QLatin1String("%20%3C"), QLatin1String("%3C")}) {
+        if (startsWith(behind, opener))
+            return isHttpAt(end + opener.size());
+    }
     qsizetype position = end;
     while (position - end < longestEllipsis && (at(position) == u'.' || at(position) == 0x2026))
         ++position;
@@ -170,6 +208,8 @@ std::optional<LinkScanner::Link> LinkScanner::declarationAt(qsizetype start) {
 
 /// In HTML, what stands as a value of these attributes is loaded, not followed.
 bool LinkScanner::isEmbedded(qsizetype start) const {
+    if (isInLoadingElement(m_text, start) || isInStyleSheet(m_text, start))
+        return true;
     const char16_t quote = at(start - 1);
     if ((quote != u'"' && quote != u'\'') || at(start - 2) != u'=')
         return false;
