@@ -10,21 +10,28 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace vantrel {
 
 namespace {
+
+bool isListOfTexts(const QJsonValue &list) {
+    const QJsonArray values = list.toArray();
+    return list.isUndefined() ||
+           (list.isArray() && std::all_of(values.begin(), values.end(),
+                                          [](const QJsonValue &value) { return value.isString(); }));
+}
 
 /// The texts of an array; whatever else stands there is logged and passed over.
 QStringList texts(const QJsonObject &object, const QString &key, const QString &path) {
     QStringList found;
     const QJsonValue list = object.value(key);
-    bool isSound = list.isUndefined() || list.isArray();
     for (const QJsonValue &value : list.toArray()) {
-        isSound = isSound && value.isString();
         if (value.isString() && !value.toString().isEmpty())
             found.append(value.toString());
     }
-    if (!isSound)
+    if (!isListOfTexts(list))
         qCWarning(eventStoreLog).noquote().nospace()
             << path << ": \"" << key << "\" is no list of texts";
     return found;
@@ -44,13 +51,17 @@ QString withoutHome(const QString &path) {
 StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &profile) {
     const QString path =
         placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
-    const QJsonObject file = readConfigurationFile(path).object;
+    const ConfigurationFile read = readConfigurationFile(path);
+    const QJsonObject &file = read.object;
     StoreConfiguration configuration;
     configuration.roots.push_back(
         {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
          QStringLiteral("On This Computer"), true});
     if (!profile)
         configuration.evolutionModule = EvolutionSource::moduleOfProgram();
+    configuration.roots.front().mayHaveOthers =
+        read.state == ConfigurationFile::State::unreadable ||
+        !isListOfTexts(file.value(QStringLiteral("folders")));
     for (const QString &folder : texts(file, QStringLiteral("folders"), path))
         configuration.roots.push_back({withHome(folder), {}, false});
     for (const QString &address : texts(file, QStringLiteral("addresses"), path))

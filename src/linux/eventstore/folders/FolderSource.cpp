@@ -54,6 +54,7 @@ std::vector<SourceCalendar> FolderSource::calendars() {
 }
 
 void FolderSource::lookAt(const FolderRoot &root, Round &round) {
+    round.isComplete = round.isComplete && !root.mayHaveOthers;
     const QByteArray path = files::absolute(QFile::encodeName(root.path));
     watchForPath(path);
     const QString name = QFile::decodeName(files::nameOf(path));

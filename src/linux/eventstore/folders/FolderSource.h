@@ -21,6 +21,8 @@ struct FolderRoot {
     QString title; ///< As the user knows it; the last part of the path when empty.
     /// A folder of calendar folders even as long as it is empty; it may well be missing.
     bool isCalendarHome = false;
+    /// Further places may have been named that could not be found out.
+    bool mayHaveOthers = false;
 };
 
 /// Calendars from folders in the vdir layout: one folder a calendar, one `.ics` file an item, the

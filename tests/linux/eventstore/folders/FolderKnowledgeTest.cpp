@@ -3,6 +3,7 @@
 
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
+#include <linux/eventstore/StoreConfiguration.h>
 #include <linux/eventstore/folders/FolderDescription.h>
 #include <linux/eventstore/folders/FolderSource.h>
 
@@ -97,6 +98,23 @@ TEST_F(FolderKnowledgeTest, IsNotCertainOfAnEmptyFolderAmongItems) {
     EXPECT_EQ(known({QStringLiteral("flat")}), exhausted);
 }
 
+TEST_F(FolderKnowledgeTest, WaitsForPlacesThatWereNamedWhereNobodyCouldReadIt) {
+    for (const char *text :
+         {"{\"folders\": [", "[]", "{\"folders\": \"/usb\"}", "{\"folders\": [\"/usb\", 1]}"}) {
+        files.write(QStringLiteral("profile/calendars.json"), text);
+        write("profile/calendars/work/a.ics");
+        FolderSource source(
+            queue, StoreConfiguration::ofUser(files.path(QStringLiteral("profile"))).roots);
+        (void)source.calendars();
+        EXPECT_EQ(source.knowledge(), incomplete) << text;
+    }
+    files.write(QStringLiteral("profile/calendars.json"), "{\"folders\": []}");
+    FolderSource source(queue,
+                        StoreConfiguration::ofUser(files.path(QStringLiteral("profile"))).roots);
+    (void)source.calendars();
+    EXPECT_EQ(source.knowledge(), exhausted);
+}
+
 TEST_F(FolderKnowledgeTest, DoesNotMindAFolderAmongItemsThatHoldsOtherThings) {
     write("flat/a.ics");
     files.write(QStringLiteral("flat/pictures/one.png"), "x");
@@ -105,7 +123,7 @@ TEST_F(FolderKnowledgeTest, DoesNotMindAFolderAmongItemsThatHoldsOtherThings) {
 
 TEST_F(FolderKnowledgeTest, WaitsForAFolderThatMayNotBeRead) {
     if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read every folder";
+        GTEST_SKIP() << "the superuser may read every folder, so nothing can be shown here";
     write("home/work/a.ics");
     const QByteArray path = files.path(home).toLocal8Bit();
     ASSERT_EQ(::chmod(path.constData(), 0), 0);
