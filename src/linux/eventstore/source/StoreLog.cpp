@@ -1,5 +1,7 @@
 #include "StoreLog.h"
 
+#include <platform/LogText.h>
+
 namespace vantrel {
 
 VANTREL_LOG(eventStoreLog, "EventStore")
@@ -8,11 +10,12 @@ void logProblems(const QString &name, const Problems &problems) {
     for (const Problem &problem : problems.kept()) {
         const QString place =
             problem.line > 0 ? QStringLiteral("%1, line %2").arg(name).arg(problem.line) : name;
-        qCWarning(eventStoreLog).noquote().nospace() << place << ": " << problem.reason;
+        qCWarning(eventStoreLog).noquote().nospace()
+            << logText(place) << ": " << logText(problem.reason);
     }
     if (problems.leftOut() > 0)
         qCWarning(eventStoreLog).noquote().nospace()
-            << name << ": " << problems.leftOut() << " more problems";
+            << logText(name) << ": " << problems.leftOut() << " more problems";
 }
 
 } // namespace vantrel
