@@ -16,6 +16,12 @@ void PrintTo(CalendarAccess::Status status, std::ostream *out) {
     *out << names[static_cast<int>(status)];
 }
 
+void PrintTo(StoreAuthorization authorization, std::ostream *out) {
+    constexpr const char *names[] = {"notDetermined", "restricted", "denied", "fullAccess",
+                                     "writeOnly"};
+    *out << names[static_cast<int>(authorization)];
+}
+
 namespace {
 
 using Status = CalendarAccess::Status;
@@ -123,17 +129,7 @@ TEST_P(CalendarAccessAsking, AnswersAlsoWhenItIsGone) {
 INSTANTIATE_TEST_SUITE_P(Status, CalendarAccessAsking,
                          testing::Values(StoreAuthorization::notDetermined,
                                          StoreAuthorization::denied,
-                                         StoreAuthorization::restricted),
-                         [](const auto &row) {
-                             switch (row.param) {
-                             case StoreAuthorization::notDetermined:
-                                 return "notDetermined";
-                             case StoreAuthorization::denied:
-                                 return "denied";
-                             default:
-                                 return "restricted";
-                             }
-                         });
+                                         StoreAuthorization::restricted));
 
 TEST_F(CalendarAccessTest, SeesNoCalendarAndNoEventWithoutFullAccess) {
     StoreCalendar calendar;

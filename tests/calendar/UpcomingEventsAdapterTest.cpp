@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <limits>
+#include <ostream>
 
 namespace vantrel {
 namespace {
@@ -113,6 +114,11 @@ struct EventStatusCase {
     bool isShown;
 };
 
+void PrintTo(const EventStatusCase &row, std::ostream *out) {
+    constexpr const char *names[] = {"none", "confirmed", "tentative", "cancelled"};
+    *out << names[static_cast<int>(row.status)];
+}
+
 class EventStatusTest : public testing::TestWithParam<EventStatusCase> {};
 
 TEST_P(EventStatusTest, LeavesOutCancelledEventsOnly) {
@@ -131,6 +137,12 @@ struct ParticipantCase {
     Status status;
     bool isShown;
 };
+
+void PrintTo(const ParticipantCase &row, std::ostream *out) {
+    constexpr const char *names[] = {"unknown",   "pending",   "accepted",  "declined",
+                                     "tentative", "delegated", "completed", "inProcess"};
+    *out << names[static_cast<int>(row.status)];
+}
 
 class ParticipantStatusTest : public testing::TestWithParam<ParticipantCase> {};
 
@@ -178,6 +190,10 @@ struct KeyCase {
     double seconds;
     const char *text;
 };
+
+void PrintTo(const KeyCase &row, std::ostream *out) {
+    *out << row.seconds;
+}
 
 class OccurrenceKeyTest : public testing::TestWithParam<KeyCase> {};
 

@@ -1,6 +1,7 @@
 #include "WindowControllerFixture.h"
 
 #include <optional>
+#include <ostream>
 
 namespace vantrel {
 namespace {
@@ -14,6 +15,10 @@ struct KeyRow {
     const char *characters;
     const char *answer; ///< Null when the key passes through.
 };
+
+void PrintTo(const KeyRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class TakeoverKeyTest : public WindowControllerFixture,
                         public testing::WithParamInterface<KeyRow> {};

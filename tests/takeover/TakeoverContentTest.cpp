@@ -3,6 +3,8 @@
 #include <theme/Theme.h>
 #include <theme/ThemePalette.h>
 
+#include <ostream>
+
 namespace vantrel {
 namespace {
 
@@ -67,6 +69,10 @@ struct ActionRow {
     const char *label;
     std::vector<const char *> opened;
 };
+
+void PrintTo(const ActionRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class PrimaryActionOfAnEventTest : public TakeoverContentTest,
                                    public testing::WithParamInterface<ActionRow> {};
@@ -256,6 +262,10 @@ struct LongDayRow {
     const char *other;
     const char *line;
 };
+
+void PrintTo(const LongDayRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 /// The day of a change of the clock has 23 or 25 hours.
 class DayOfAnotherLengthTest : public SchedulerFixture,

@@ -1,5 +1,6 @@
 #include "SchedulerFixture.h"
 
+#include <ostream>
 #include <utility>
 
 namespace vantrel {
@@ -14,6 +15,10 @@ struct LeadRow {
     const char *lastMomentBefore;
     const char *fireTime;
 };
+
+void PrintTo(const LeadRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class LeadTimeTest : public SchedulerFixture, public testing::WithParamInterface<LeadRow> {};
 
@@ -52,6 +57,10 @@ struct LateRow {
     double length;
     bool fires;
 };
+
+void PrintTo(const LateRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class LateStartTest : public SchedulerFixture, public testing::WithParamInterface<LateRow> {};
 

@@ -1,5 +1,7 @@
 #include "SchedulerFixture.h"
 
+#include <ostream>
+
 namespace vantrel {
 namespace {
 
@@ -56,6 +58,10 @@ struct SettingRow {
     void (*assign)(PreferencesStore &);
     bool plansAnew;
 };
+
+void PrintTo(const SettingRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class SettingChangeTest : public SchedulerFixture,
                           public testing::WithParamInterface<SettingRow> {};

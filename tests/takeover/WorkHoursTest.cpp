@@ -1,5 +1,7 @@
 #include "SchedulerFixture.h"
 
+#include <ostream>
+
 namespace vantrel {
 namespace {
 
@@ -34,6 +36,10 @@ struct WindowRow {
     const char *fireTime;
     bool keeps;
 };
+
+void PrintTo(const WindowRow &row, std::ostream *out) {
+    *out << row.name;
+}
 
 class WorkHoursWindowTest : public WorkHoursTest, public testing::WithParamInterface<WindowRow> {};
 
@@ -91,6 +97,10 @@ struct WeekdayRow {
     const char *fireTime;
     std::int64_t weekday;
 };
+
+void PrintTo(const WeekdayRow &row, std::ostream *out) {
+    *out << row.fireTime;
+}
 
 class WorkHoursWeekdayTest : public WorkHoursTest,
                              public testing::WithParamInterface<WeekdayRow> {};
