@@ -3,6 +3,7 @@
 #include "ConfigurationFile.h"
 
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,7 +27,7 @@ const QLatin1String restricted("restricted");
 
 void logSenseless(const QString &path) {
     qCWarning(eventStoreLog).noquote().nospace()
-        << path << ": \"" << accessKey << "\" has no value that is known";
+        << logText(path) << ": \"" << accessKey << "\" has no value that is known";
 }
 
 bool isRestrictedBy(const QString &path) {
@@ -91,7 +92,7 @@ void AccessRecord::keep(bool isGranted) const {
         file.write(text) != text.size() || !file.flush() || ::fsync(file.handle()) != 0 ||
         !file.commit())
         qCCritical(eventStoreLog).noquote().nospace()
-            << m_answerFile << ": the answer is not kept (" << file.errorString() << ")";
+            << logText(m_answerFile) << ": the answer is not kept (" << file.errorString() << ")";
 }
 
 } // namespace vantrel

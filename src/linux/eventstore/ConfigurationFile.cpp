@@ -2,6 +2,7 @@
 
 #include <linux/eventstore/files/Files.h>
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <QFile>
 #include <QJsonDocument>
@@ -16,7 +17,8 @@ namespace {
 constexpr std::int64_t maximumFileSize = 1024 * 1024;
 
 ConfigurationFile unreadable(const QString &path, const QString &reason) {
-    qCWarning(eventStoreLog).noquote().nospace() << path << ": not read (" << reason << ")";
+    qCWarning(eventStoreLog).noquote().nospace()
+        << logText(path) << ": not read (" << reason << ")";
     return {ConfigurationFile::State::unreadable, {}};
 }
 

@@ -21,13 +21,16 @@ LocalEventStore::~LocalEventStore() = default;
 void LocalEventStore::start() {
     if (m_loader || m_access->status() != StoreAuthorization::fullAccess)
         return;
+    followFile();
     m_loader = makeLoader();
     m_loader->start();
 }
 
 void LocalEventStore::loadNow() {
-    if (m_access->status() == StoreAuthorization::fullAccess)
-        makeLoader()->loadNow();
+    if (m_access->status() != StoreAuthorization::fullAccess)
+        return;
+    m_loader = makeLoader();
+    m_loader->loadNow();
 }
 
 QStringList LocalEventStore::troubles() const {
@@ -39,6 +42,8 @@ StoreAuthorization LocalEventStore::authorizationStatus() const {
 }
 
 void LocalEventStore::requestFullAccessToEvents(AccessCompletion completion) {
+    if (!m_loader)
+        followFile();
     m_access->request(m_configuration.places(), std::move(completion));
 }
 
@@ -59,13 +64,19 @@ LocalEventStore::eventWithIdentifier(const QString &eventIdentifier) const {
     return m_index.eventWithIdentifier(eventIdentifier, m_queue.now());
 }
 
+/// The user may have waited with the answer, and edited the file meanwhile.
+void LocalEventStore::followFile() {
+    if (m_configuration.file)
+        m_configuration = m_configuration.readAgain().value_or(m_configuration);
+}
+
 std::unique_ptr<StoreLoader> LocalEventStore::makeLoader() {
     return std::make_unique<StoreLoader>(m_queue, m_configuration, m_currentCalendar,
                                          [this](auto calendars) { take(std::move(calendars)); });
 }
 
 void LocalEventStore::take(std::optional<EventIndex::Calendars> calendars) {
-    m_isLoaded = true;
+    m_isLoaded = m_isLoaded || (m_loader && m_loader->isLoaded());
     if (calendars)
         m_index.replace(std::move(*calendars));
     changed.announce();

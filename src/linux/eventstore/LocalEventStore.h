@@ -40,7 +40,8 @@ public:
     /// Not together with `start`, and nothing without access.
     void loadNow();
 
-    /// Whether everything has been read once. `changed` is announced when that becomes so.
+    /// Whether every source has been read once. `changed` is announced when that becomes so; what
+    /// the quicker ones have is answered before.
     [[nodiscard]] bool isLoaded() const { return m_isLoaded; }
 
     /// What keeps the store from showing all that it should, for people: a sentence each.
@@ -60,11 +61,12 @@ public:
     eventWithIdentifier(const QString &eventIdentifier) const override;
 
 private:
+    void followFile();
     [[nodiscard]] std::unique_ptr<StoreLoader> makeLoader();
     void take(std::optional<EventIndex::Calendars> calendars);
 
     MainQueue &m_queue;
-    const StoreConfiguration m_configuration;
+    StoreConfiguration m_configuration;
     const CurrentCalendar m_currentCalendar;
     EventIndex m_index;
     bool m_isLoaded = false;

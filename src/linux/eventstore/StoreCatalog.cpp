@@ -1,18 +1,12 @@
 #include "StoreCatalog.h"
 
-#include <linux/eventstore/source/StoreLog.h>
-
 #include <set>
 #include <utility>
 
 namespace vantrel {
 
 StoreCatalog::StoreCatalog(std::vector<ComponentSource *> sources, QStringList addresses)
-    : m_sources(std::move(sources)), m_addresses(std::move(addresses)) {
-    if (!ZoneRegistry::hasSystemZones())
-        qCWarning(eventStoreLog) << "the system has no time-zone database (package tzdata); only "
-                                    "zones that calendars describe themselves are known";
-}
+    : m_sources(std::move(sources)), m_addresses(std::move(addresses)) {}
 
 std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QTimeZone &userZone) {
     const bool isOtherWindow = window != m_window;

@@ -27,6 +27,9 @@ public:
     /// answer can have become different.
     std::optional<EventIndex::Calendars> bring(Window window, const QTimeZone &userZone);
 
+    /// The user's own, from the next `bring` on.
+    void setAddresses(QStringList addresses) { m_addresses = std::move(addresses); }
+
     /// From any thread: a `bring` under way ends soon, with whatever it has.
     void stop() { m_isStopping = true; }
 

@@ -2,9 +2,11 @@
 
 #include "ConfigurationFile.h"
 
+#include <linux/eventstore/evolution/AccountPlaces.h>
 #include <linux/eventstore/evolution/EvolutionSource.h>
 #include <linux/eventstore/ical/UserAddress.h>
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <QDir>
 #include <QJsonArray>
@@ -18,9 +20,10 @@ namespace {
 
 bool isListOfTexts(const QJsonValue &list) {
     const QJsonArray values = list.toArray();
-    return list.isUndefined() ||
-           (list.isArray() && std::all_of(values.begin(), values.end(),
-                                          [](const QJsonValue &value) { return value.isString(); }));
+    return list.isUndefined() || (list.isArray() && std::all_of(values.begin(), values.end(),
+                                                                [](const QJsonValue &value) {
+                                                                    return value.isString();
+                                                                }));
 }
 
 /// The texts of an array; whatever else stands there is logged and passed over.
@@ -33,7 +36,7 @@ QStringList texts(const QJsonObject &object, const QString &key, const QString &
     }
     if (!isListOfTexts(list))
         qCWarning(eventStoreLog).noquote().nospace()
-            << path << ": \"" << key << "\" is no list of texts";
+            << logText(path) << ": \"" << key << "\" is no list of texts";
     return found;
 }
 
@@ -49,33 +52,50 @@ QString withoutHome(const QString &path) {
 } // namespace
 
 StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &profile) {
-    const QString path =
-        placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
-    const ConfigurationFile read = readConfigurationFile(path);
-    const QJsonObject &file = read.object;
     StoreConfiguration configuration;
+    configuration.file =
+        placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
     configuration.roots.push_back(
         {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
          QStringLiteral("On This Computer"), true});
     if (!profile)
         configuration.evolutionModule = EvolutionSource::moduleOfProgram();
-    configuration.roots.front().mayHaveOthers =
-        read.state == ConfigurationFile::State::unreadable ||
-        !isListOfTexts(file.value(QStringLiteral("folders")));
-    for (const QString &folder : texts(file, QStringLiteral("folders"), path))
-        configuration.roots.push_back({withHome(folder), {}, false});
-    for (const QString &address : texts(file, QStringLiteral("addresses"), path))
-        configuration.addresses.append(plainAddress(address));
+    const auto read = readConfigurationFile(*configuration.file);
+    configuration.take(read.object);
+    if (read.state == ConfigurationFile::State::unreadable)
+        configuration.roots.front().mayHaveOthers = true;
     return configuration;
 }
 
 StoreConfiguration StoreConfiguration::ofPaths(const QStringList &paths,
                                                const std::optional<QString> &profile) {
-    StoreConfiguration configuration = ofUser(profile);
-    configuration.roots.clear();
+    StoreConfiguration configuration;
+    configuration.addresses = ofUser(profile).addresses;
     for (const QString &path : paths)
         configuration.roots.push_back({path, {}, false});
     return configuration;
+}
+
+std::optional<StoreConfiguration> StoreConfiguration::readAgain() const {
+    const auto read = readConfigurationFile(*file);
+    if (read.state == ConfigurationFile::State::unreadable) {
+        qCWarning(eventStoreLog) << "the calendar folders and addresses stay as they were";
+        return std::nullopt;
+    }
+    StoreConfiguration configuration = *this;
+    std::erase_if(configuration.roots, [](const FolderRoot &root) { return !root.isCalendarHome; });
+    configuration.addresses.clear();
+    configuration.take(read.object);
+    return configuration;
+}
+
+/// Adds what the file names to the calendar home.
+void StoreConfiguration::take(const QJsonObject &object) {
+    roots.front().mayHaveOthers = !isListOfTexts(object.value(QStringLiteral("folders")));
+    for (const QString &folder : texts(object, QStringLiteral("folders"), *file))
+        roots.push_back({withHome(folder), {}, false});
+    for (const QString &address : texts(object, QStringLiteral("addresses"), *file))
+        addresses.append(plainAddress(address));
 }
 
 std::vector<CalendarPlace> StoreConfiguration::places() const {
@@ -84,6 +104,12 @@ std::vector<CalendarPlace> StoreConfiguration::places() const {
         const QString path = QDir::cleanPath(root.path);
         const QString name = root.title.isEmpty() ? path.section(u'/', -1) : root.title;
         places.push_back({name.isEmpty() ? path : name, withoutHome(path)});
+    }
+    if (evolutionModule && EvolutionSource::isInstalled(*evolutionModule)) {
+        places.push_back({QStringLiteral("Evolution"),
+                          QStringLiteral("calendars and birthdays of this desktop")});
+        const auto accounts = accountPlaces();
+        places.insert(places.end(), accounts.begin(), accounts.end());
     }
     return places;
 }

@@ -4,8 +4,8 @@
 
 #include <linux/eventstore/evolution/EvolutionSource.h>
 #include <linux/eventstore/folders/FolderSource.h>
-
-#include <QMetaObject>
+#include <linux/eventstore/ical/ZoneRegistry.h>
+#include <linux/eventstore/source/StoreLog.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,13 +15,12 @@ namespace vantrel {
 
 namespace {
 
-/// Often enough that a day never goes by unnoticed, whatever happened to the clock.
+/// Often enough that no change of the day or the zone goes by unnoticed, whatever happened to the
+/// clock.
 constexpr Seconds rollInterval{900.0};
 
 /// How long a question that is asked once waits for services to tell what they have.
 constexpr Seconds patience{5.0};
-
-constexpr int threadLifetime = 1000; // milliseconds without work
 
 /// Whole seconds within the years that a calendar text can name.
 UtcSeconds secondsOf(double seconds) {
@@ -37,65 +36,83 @@ Window windowBetween(Instant from, Instant to) {
 
 } // namespace
 
-StoreLoader::StoreLoader(MainQueue &queue, const StoreConfiguration &configuration,
-                         CurrentCalendar currentCalendar, Take take)
+StoreLoader::StoreLoader(MainQueue &queue, StoreConfiguration configuration,
+                         CurrentCalendar currentCalendar, Take take, Sources further)
     : m_queue(queue),
-      m_configuration(configuration),
+      m_configuration(std::move(configuration)),
       m_currentCalendar(std::move(currentCalendar)),
       m_take(std::move(take)) {
-    m_sources.push_back(std::make_unique<FolderSource>(m_queue, configuration.roots));
-    if (configuration.evolutionModule)
-        m_sources.push_back(std::make_unique<EvolutionSource>(*configuration.evolutionModule));
-    std::vector<ComponentSource *> sources;
-    for (const auto &source : m_sources) {
-        sources.push_back(source.get());
-        m_subscriptions.push_back(source->changed.subscribe([this] { bringUpToDate(); }));
-    }
-    m_catalog = std::make_unique<StoreCatalog>(std::move(sources), configuration.addresses);
-    m_worker.setMaxThreadCount(1);
-    m_worker.setExpiryTimeout(threadLifetime);
+    if (!ZoneRegistry::hasSystemZones())
+        qCWarning(eventStoreLog) << "the system has no time-zone database (package tzdata); only "
+                                    "zones that calendars describe themselves are known";
+    add(std::make_unique<FolderSource>(m_queue, m_configuration.roots));
+    if (m_configuration.evolutionModule)
+        add(std::make_unique<EvolutionSource>(*m_configuration.evolutionModule));
+    for (auto &source : further)
+        add(std::move(source));
 }
 
-StoreLoader::~StoreLoader() {
-    m_catalog->stop();
-    m_worker.waitForDone();
+void StoreLoader::add(std::unique_ptr<ComponentSource> source) {
+    m_readers.push_back(std::make_unique<SourceReader>(std::move(source), m_configuration.addresses,
+                                                       [this](bool isDifferent) {
+                                                           if (isDifferent)
+                                                               m_take(everything());
+                                                       }));
 }
 
 void StoreLoader::start() {
-    m_clockWatch = std::make_unique<ClockWatch>([this] { noteClock(); });
-    startSources();
+    m_clockWatch = std::make_unique<ClockWatch>(
+        m_queue, [this] { noteClock(); }, m_configuration.zoneFolder);
+    m_wakeWatch = std::make_unique<WakeWatch>([this] { noteClock(); });
+    if (m_configuration.file)
+        m_configurationWatch = std::make_unique<ConfigurationWatch>(
+            m_queue, *m_configuration.file, [this] { noteConfiguration(); });
+    m_aim = aimNow();
+    for (const auto &reader : m_readers)
+        reader->start(m_aim);
     m_rolling = m_queue.every(rollInterval, [this] { rollWhenDue(); });
-    bringUpToDate();
+    armForMidnight();
 }
 
 void StoreLoader::loadNow() {
-    startSources();
-    for (const auto &source : m_sources)
-        source->waitUntilDelivered(patience);
-    m_take(m_catalog->bring(windowNow(), m_currentCalendar().timeZone()));
+    for (const auto &reader : m_readers)
+        reader->readNow(aimNow(), patience);
+    m_take(everything());
+}
+
+bool StoreLoader::isLoaded() const {
+    return std::all_of(m_readers.begin(), m_readers.end(),
+                       [](const auto &reader) { return reader->hasRead(); });
 }
 
 QStringList StoreLoader::troubles() const {
     QStringList troubles;
-    for (const auto &source : m_sources) {
-        if (const QString trouble = source->trouble(); !trouble.isEmpty())
-            troubles.append(trouble);
+    for (const auto &reader : m_readers) {
+        if (!reader->trouble().isEmpty())
+            troubles.append(reader->trouble());
     }
     return troubles;
 }
 
-void StoreLoader::startSources() {
-    for (const auto &source : m_sources) {
-        source->setWindow(windowNow());
-        source->start();
+EventIndex::Calendars StoreLoader::everything() const {
+    EventIndex::Calendars all;
+    for (const auto &reader : m_readers) {
+        const EventIndex::Calendars its = reader->calendars();
+        all.list.insert(all.list.end(), its.list.begin(), its.list.end());
+        all.knowledge.insert(all.knowledge.end(), its.knowledge.begin(), its.knowledge.end());
     }
+    return all;
 }
 
 void StoreLoader::noteQuestion(Instant from, Instant to) {
     const Window asked = windowBetween(from, to);
-    const bool isInside = asked.from >= m_window.from && asked.to <= m_window.to;
-    if (!isInside && m_clockWatch && isDue())
+    const bool isInside = asked.from >= m_aim.window.from && asked.to <= m_aim.window.to;
+    if (!isInside && m_clockWatch && aimNow() != m_aim)
         m_askedRoll = m_queue.after(Seconds::zero(), [this] { rollWhenDue(); });
+}
+
+SourceReader::Aim StoreLoader::aimNow() const {
+    return {windowNow(), m_currentCalendar().timeZone()};
 }
 
 Window StoreLoader::windowNow() const {
@@ -108,49 +125,46 @@ Window StoreLoader::windowNow() const {
                          calendar.startOfDay(now, m_configuration.daysAfter));
 }
 
-void StoreLoader::noteClock() {
-    m_isClockSet = true;
-    bringUpToDate();
-}
-
-bool StoreLoader::isDue() const {
-    return windowNow() != m_window || m_currentCalendar().timeZone() != m_zone;
-}
-
-void StoreLoader::rollWhenDue() {
-    if (isDue())
-        bringUpToDate();
-}
-
-void StoreLoader::bringUpToDate() {
-    m_isOutdated = m_isReading;
-    if (m_isReading)
-        return;
-    m_isReading = true;
-    const Window window = windowNow();
-    if (window != std::exchange(m_window, window)) {
-        for (const auto &source : m_sources)
-            source->setWindow(window);
-    }
-    m_zone = m_currentCalendar().timeZone();
-    m_worker.start([this, window = m_window, zone = m_zone] {
-        auto calendars = m_catalog->bring(window, zone);
-        QMetaObject::invokeMethod(
-            &m_receiver,
-            [this, calendars = std::move(calendars)]() mutable { finish(std::move(calendars)); },
-            Qt::QueuedConnection);
+/// The wall clock may be a hair short of midnight when the wait is over: it is then waited for
+/// once more.
+void StoreLoader::armForMidnight() {
+    const Instant now = m_queue.now();
+    const Instant midnight = m_currentCalendar().startOfDay(now, 1);
+    m_midnight = m_queue.after(midnight - now, [this] {
+        rollWhenDue();
+        armForMidnight();
     });
 }
 
-void StoreLoader::finish(std::optional<EventIndex::Calendars> calendars) {
-    m_isReading = false;
-    const bool isTaken = calendars || !m_isLoaded || m_isClockSet;
-    m_isLoaded = true;
-    m_isClockSet = m_isClockSet && m_isOutdated;
-    if (m_isOutdated)
-        bringUpToDate();
-    if (isTaken)
-        m_take(std::move(calendars));
+/// Announces at once: what is planned hangs on the clock even where all answers stay the same.
+void StoreLoader::noteClock() {
+    rollWhenDue();
+    armForMidnight();
+    m_take(std::nullopt);
+}
+
+void StoreLoader::noteConfiguration() {
+    const auto configuration = m_configuration.readAgain();
+    if (!configuration)
+        return;
+    m_configuration = *configuration;
+    for (const auto &reader : m_readers) {
+        reader->change(
+            [configuration = *configuration](ComponentSource &source, StoreCatalog &catalog) {
+                catalog.setAddresses(configuration.addresses);
+                if (auto *folders = dynamic_cast<FolderSource *>(&source))
+                    folders->setRoots(configuration.roots);
+            });
+    }
+}
+
+void StoreLoader::rollWhenDue() {
+    const SourceReader::Aim aim = aimNow();
+    if (aim == m_aim)
+        return;
+    m_aim = aim;
+    for (const auto &reader : m_readers)
+        reader->aimAt(aim);
 }
 
 } // namespace vantrel

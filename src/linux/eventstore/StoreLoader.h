@@ -1,18 +1,18 @@
 #pragma once
 
 #include "ClockWatch.h"
+#include "ConfigurationWatch.h"
 #include "EventIndex.h"
+#include "SourceReader.h"
 #include "StoreConfiguration.h"
+#include "WakeWatch.h"
 
 #include <linux/eventstore/ical/Window.h>
 #include <linux/eventstore/source/ComponentSource.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 
-#include <QObject>
 #include <QStringList>
-#include <QThreadPool>
-#include <QTimeZone>
 
 #include <functional>
 #include <memory>
@@ -21,27 +21,28 @@
 
 namespace vantrel {
 
-class StoreCatalog;
-
-/// Keeps answers in line with the sources and the clock: has a thread of its own read and expand
-/// whenever a source changes, the window has to move on, or the clock or the zone is set. Main
-/// thread only; needs its event loop to run.
+/// Keeps answers in line with the sources, the configuration and the clock: has each source read
+/// and expanded, on a thread of its own, whenever it changes, the window has to move on, or the
+/// clock or the zone is set. Main thread only; needs its event loop to run.
 class StoreLoader {
 public:
     /// Called with the answers that take the place of all earlier ones; without a value when
     /// they stay, but what is asked may depend on the clock, which was set.
     using Take = std::function<void(std::optional<EventIndex::Calendars>)>;
+    using Sources = std::vector<std::unique_ptr<ComponentSource>>;
 
-    /// `queue` outlives the loader.
-    StoreLoader(MainQueue &queue, const StoreConfiguration &configuration,
-                CurrentCalendar currentCalendar, Take take);
-    ~StoreLoader();
+    /// `queue` outlives the loader. `further` are sources beside those of the configuration.
+    StoreLoader(MainQueue &queue, StoreConfiguration configuration, CurrentCalendar currentCalendar,
+                Take take, Sources further = {});
 
-    /// From here on `take` is called, the first time as soon as everything has been read.
+    /// From here on `take` is called, whenever a source was heard.
     void start();
 
     /// Calls `take` once, before it returns.
     void loadNow();
+
+    /// Whether every source has been heard.
+    [[nodiscard]] bool isLoaded() const;
 
     /// What the sources cannot show, for people: a sentence each.
     [[nodiscard]] QStringList troubles() const;
@@ -50,36 +51,29 @@ public:
     void noteQuestion(Instant from, Instant to);
 
 private:
+    void add(std::unique_ptr<ComponentSource> source);
+    [[nodiscard]] EventIndex::Calendars everything() const;
+    [[nodiscard]] SourceReader::Aim aimNow() const;
     [[nodiscard]] Window windowNow() const;
-    [[nodiscard]] bool isDue() const;
-    void startSources();
+    void armForMidnight();
     void noteClock();
-    void bringUpToDate();
+    void noteConfiguration();
     void rollWhenDue();
-    void finish(std::optional<EventIndex::Calendars> calendars);
 
     MainQueue &m_queue;
-    const StoreConfiguration m_configuration;
+    StoreConfiguration m_configuration;
     const CurrentCalendar m_currentCalendar;
     const Take m_take;
 
-    // What was loaded last, or is being loaded.
-    Window m_window;
-    QTimeZone m_zone;
-
-    bool m_isLoaded = false;
-    bool m_isReading = false;
-    bool m_isOutdated = false; ///< Something happened while reading.
-    bool m_isClockSet = false; ///< Since `take` was called last.
+    SourceReader::Aim m_aim; ///< What was read last for, or is being read.
     ScheduledWork m_rolling;
+    ScheduledWork m_midnight;
     ScheduledWork m_askedRoll;
 
     std::unique_ptr<ClockWatch> m_clockWatch;
-    std::vector<std::unique_ptr<ComponentSource>> m_sources;
-    std::vector<Subscription> m_subscriptions;
-    std::unique_ptr<StoreCatalog> m_catalog;
-    QObject m_receiver;   ///< Results for it are dropped once it is gone.
-    QThreadPool m_worker; ///< One thread, which ends by itself when there is nothing to do.
+    std::unique_ptr<WakeWatch> m_wakeWatch;
+    std::unique_ptr<ConfigurationWatch> m_configurationWatch;
+    std::vector<std::unique_ptr<SourceReader>> m_readers; ///< The first one reads the folders.
 };
 
 } // namespace vantrel

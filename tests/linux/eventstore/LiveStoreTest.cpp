@@ -1,12 +1,8 @@
-#include "StoreFixture.h"
+#include "LiveStore.h"
 
-#include <linux/eventstore/ClockWatch.h>
 #include <linux/eventstore/folders/FolderChanges.h>
 
-#include <QCoreApplication>
 #include <QDateTime>
-#include <QDeadlineTimer>
-#include <QEventLoop>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
@@ -18,65 +14,6 @@ using fakes::at;
 using namespace tests;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr int patience = 20'000; // milliseconds until a test gives up
-
-/// A store that watches. Its waiting counts the test's clock, its news come over the event loop.
-class LiveStore : public StoreFixture {
-protected:
-    void begin(const QStringList &names) {
-        live = store(names);
-        m_subscription = live->changed.subscribe([this] { ++changes; });
-        live->start();
-        settle([this] { return live->isLoaded(); });
-    }
-
-    /// Lets the event loop run until the condition holds; the clock stands still.
-    template <typename Condition>
-    void settle(Condition condition) {
-        const QDeadlineTimer deadline(patience);
-        while (!condition()) {
-            ASSERT_FALSE(deadline.hasExpired()) << log.text();
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        }
-    }
-
-    /// Waits for the news of a change and for what the store makes of it.
-    void settleChange() {
-        const int before = changes;
-        settle([this] { return queue.pendingCount() > pendingAtRest; });
-        queue.advance(Seconds{1.0});
-        settle([this, before] { return changes > before; });
-    }
-
-    /// Lets everything run that is under way already.
-    void settleQuiet() {
-        for (int round = 0; round < 20; ++round) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-            queue.advance(Seconds{0.2});
-        }
-    }
-
-    /// As careful programs do: written beside, then put in place.
-    void replace(const QString &name, const QByteArray &bytes) const {
-        files.write(name + QStringLiteral(".tmp"), bytes);
-        ASSERT_EQ(::rename(qPrintable(files.path(name + QStringLiteral(".tmp"))),
-                           qPrintable(files.path(name))),
-                  0);
-    }
-
-    static constexpr std::size_t pendingAtRest = 1; ///< The rolling of the window.
-
-    std::unique_ptr<LocalEventStore> live;
-    int changes = 0;
-
-private:
-    Subscription m_subscription;
-};
-
-QByteArray oneEvent(const QByteArray &title) {
-    return calendarText(event("x", "DTSTART:20260302T110000Z\nSUMMARY:" + title + "\n"));
-}
 
 TEST_F(LiveStore, AnswersNothingUntilItIsLoadedAndThenAnnounces) {
     files.write(QStringLiteral("work/a.ics"), oneEvent("first"));
@@ -400,20 +337,6 @@ TEST_F(LiveStore, LooksOnceAMinuteWhereNothingCanBeWatched) {
     EXPECT_EQ(announcements, 1);
     EXPECT_TRUE(look());
     EXPECT_EQ(log.lines().size(), 1U);
-}
-
-TEST_F(LiveStore, NoticesTheSystemsZoneChanging) {
-    QDir().mkpath(files.path(QStringLiteral("etc")));
-    int reports = 0;
-    const ClockWatch watch([&reports] { ++reports; },
-                           QFile::encodeName(files.path(QStringLiteral("etc"))));
-    files.write(QStringLiteral("etc/hostname"), "x");
-    for (int round = 0; round < 5; ++round)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-    EXPECT_EQ(reports, 0);
-    ASSERT_TRUE(QFile::link(QStringLiteral("/usr/share/zoneinfo/UTC"),
-                            files.path(QStringLiteral("etc/localtime"))));
-    settle([&reports] { return reports > 0; });
 }
 
 } // namespace

@@ -41,28 +41,29 @@ bool FolderWatch::add(const QByteArray &folder, const QByteArray &name) {
     const int watch = ::inotify_add_watch(m_descriptor, folder.constData(), watchedEvents);
     if (watch < 0)
         return errno != ENOSPC && errno != EBADF && errno != ENOMEM;
-    Folder &added = m_folders[watch];
-    if (!added.isWanted || added.path != folder)
-        added = Folder();
-    added.path = folder;
+    Interest &interest = m_folders[watch].added[folder];
     if (name.isEmpty())
-        added.isWhole = true;
+        interest.isWhole = true;
     else
-        added.names.insert(name);
+        interest.names.insert(name);
     return true;
 }
 
 void FolderWatch::sweep() {
     const std::lock_guard lock(m_mutex);
     for (auto folder = m_folders.begin(); folder != m_folders.end();) {
-        if (!folder->second.isWanted) {
+        if (folder->second.added.empty()) {
             ::inotify_rm_watch(m_descriptor, folder->first);
             folder = m_folders.erase(folder);
         } else {
-            folder->second.isWanted = false;
+            folder->second.former = std::exchange(folder->second.added, {});
             ++folder;
         }
     }
+}
+
+bool FolderWatch::Interest::covers(const QByteArray &name) const {
+    return name.isEmpty() || (isWhole && !isNeverMeant(name)) || names.contains(name);
 }
 
 void FolderWatch::read() {
@@ -92,11 +93,14 @@ void FolderWatch::take(const inotify_event &event, std::vector<Event> &events) {
     if (folder == m_folders.end())
         return;
     const QByteArray name = event.len > 0 ? QByteArray(event.name) : QByteArray();
-    const bool isMeant = name.isEmpty() || (folder->second.isWhole && !isNeverMeant(name)) ||
-                         folder->second.names.contains(name);
-    if (isMeant)
-        events.push_back(
-            {folder->second.path, name, (event.mask & (IN_CLOSE_WRITE | IN_MOVED_TO)) != 0});
+    const bool isRewritten = (event.mask & (IN_CLOSE_WRITE | IN_MOVED_TO)) != 0;
+    std::set<QByteArray> paths;
+    for (const Interests *interests : {&folder->second.added, &folder->second.former}) {
+        for (const auto &[path, interest] : *interests) {
+            if (interest.covers(name) && paths.insert(path).second)
+                events.push_back({path, name, isRewritten});
+        }
+    }
     if ((event.mask & IN_IGNORED) != 0)
         m_folders.erase(folder);
 }

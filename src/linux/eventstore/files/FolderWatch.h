@@ -42,11 +42,22 @@ public:
     void sweep();
 
 private:
-    struct Folder {
-        QByteArray path;
-        bool isWhole = false;       ///< Every name in it counts.
+    /// What counts in a folder.
+    struct Interest {
+        bool isWhole = false;       ///< Every name in it.
         std::set<QByteArray> names; ///< Those that count when not all do.
-        bool isWanted = true;
+
+        [[nodiscard]] bool covers(const QByteArray &name) const;
+    };
+
+    /// By path: one folder may go by several.
+    using Interests = std::map<QByteArray, Interest>;
+
+    struct Folder {
+        Interests added; ///< Since the last sweep.
+        /// From before it. They count until the next one: what happens while folders are being
+        /// added again must not go by.
+        Interests former;
     };
 
     void read();

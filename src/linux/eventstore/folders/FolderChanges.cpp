@@ -1,8 +1,9 @@
 #include "FolderChanges.h"
 
+#include <linux/eventstore/files/Files.h>
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
-#include <QFile>
 #include <QMetaObject>
 
 #include <algorithm>
@@ -37,10 +38,20 @@ void FolderChanges::watch(const QByteArray &folder, const QByteArray &name) {
         return;
     if (!m_isShortOfWatches && !m_wasShortOfWatches)
         qCWarning(eventStoreLog).noquote()
-            << QFile::decodeName(folder)
+            << logText(folder)
             << "cannot be watched (fs.inotify.max_user_watches or max_user_instances is reached);"
             << "changes are looked for once a minute";
     m_isShortOfWatches = true;
+}
+
+void FolderChanges::watchForPath(const QByteArray &path) {
+    QByteArray name = path;
+    while (name.size() > 1) {
+        const QByteArray folder = files::folderOf(name);
+        if (files::status(folder).kind == files::Kind::folder)
+            return watch(files::resolved(folder), files::nameOf(name));
+        name = folder;
+    }
 }
 
 void FolderChanges::endRound() {

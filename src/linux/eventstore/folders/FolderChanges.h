@@ -42,6 +42,9 @@ public:
     void watch(const QByteArray &folder, const QByteArray &name = {});
     void endRound();
 
+    /// As `watch`: for a path to come and go, in its folder or in the nearest one that exists.
+    void watchForPath(const QByteArray &path);
+
     /// From any thread: everything counts as changed a minute from now, since something could not
     /// be read that may be read then.
     void tryAgainLater();

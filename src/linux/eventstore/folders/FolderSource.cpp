@@ -3,6 +3,7 @@
 #include "FolderDescription.h"
 
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <QFile>
 
@@ -39,7 +40,7 @@ bool isTouched(const FolderChanges::Changes &changes, const QByteArray &folder,
 } // namespace
 
 FolderSource::FolderSource(MainQueue &queue, std::vector<FolderRoot> roots)
-    : m_roots(std::move(roots)), m_changes(queue, [this] { changed.announce(); }) {}
+    : m_changes(queue, [this] { changed.announce(); }), m_roots(std::move(roots)) {}
 
 std::vector<SourceCalendar> FolderSource::calendars() {
     Round round;
@@ -56,7 +57,7 @@ std::vector<SourceCalendar> FolderSource::calendars() {
 void FolderSource::lookAt(const FolderRoot &root, Round &round) {
     round.isComplete = round.isComplete && !root.mayHaveOthers;
     const QByteArray path = files::absolute(QFile::encodeName(root.path));
-    watchForPath(path);
+    m_changes.watchForPath(path);
     const QString name = QFile::decodeName(files::nameOf(path));
     const StoreSource source{identifierOfPath("root:" + path),
                              root.title.isEmpty() ? name : root.title};
@@ -187,17 +188,6 @@ QString FolderSource::description(const QString &calendarIdentifier, const QByte
     return QFile::decodeName(m_places.value(calendarIdentifier).pathOf(item));
 }
 
-/// Watches for the path itself to come and go: in its folder, or in the nearest one that exists.
-void FolderSource::watchForPath(const QByteArray &path) {
-    QByteArray name = path;
-    while (name.size() > 1) {
-        const QByteArray folder = files::folderOf(name);
-        if (files::status(folder).kind == files::Kind::folder)
-            return m_changes.watch(files::resolved(folder), files::nameOf(name));
-        name = folder;
-    }
-}
-
 /// A link's own folder does not tell when the file changes that it leads to.
 void FolderSource::watchLinks(const Place &place) {
     for (const QByteArray &file : place.linkedFiles)
@@ -212,7 +202,7 @@ void FolderSource::noteTrouble(const QByteArray &path, int error, const char *wh
         return;
     m_troubles.insert(path, error);
     qCWarning(eventStoreLog).noquote().nospace()
-        << QFile::decodeName(path) << ": " << what << " (" << std::strerror(error) << ")";
+        << logText(path) << ": " << what << " (" << std::strerror(error) << ")";
 }
 
 } // namespace vantrel

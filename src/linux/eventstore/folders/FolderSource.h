@@ -34,6 +34,10 @@ public:
     FolderSource(MainQueue &queue, std::vector<FolderRoot> roots);
 
     void start() override { m_changes.start(); }
+
+    /// Other places from the next question on. To be called on the thread that asks.
+    void setRoots(std::vector<FolderRoot> roots) { m_roots = std::move(roots); }
+
     [[nodiscard]] std::vector<SourceCalendar> calendars() override;
     [[nodiscard]] SourceKnowledge knowledge() const override { return m_knowledge; }
     [[nodiscard]] std::optional<std::vector<SourceItem>>
@@ -73,14 +77,13 @@ private:
                       Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
     void passOver(const QByteArray &path, int error, const char *what, Round &round);
-    void watchForPath(const QByteArray &path);
     void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
 
-    const std::vector<FolderRoot> m_roots;
     FolderChanges m_changes;
 
     // Of the thread that asks.
+    std::vector<FolderRoot> m_roots;
     QHash<QString, Place> m_places; ///< By calendar identifier.
     SourceKnowledge m_knowledge;
     QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.

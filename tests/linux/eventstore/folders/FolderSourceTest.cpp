@@ -35,6 +35,17 @@ TEST_F(FolderSourceTest, AFolderWithItemsIsACalendar) {
     EXPECT_THAT(titles(*store), ElementsAre("x", "y"));
 }
 
+TEST_F(FolderSourceTest, ANameForgesNoLineOfTheLog) {
+    files.write(QStringLiteral("work/a\nvantrel: all is well.ics"), "junk");
+    files.write(QStringLiteral("work/\x1b[2Jb.ics"), "junk");
+    const auto store = load({QStringLiteral("work"), QStringLiteral("no\nfolder")});
+    EXPECT_TRUE(log.has("a\\x0avantrel", "")) << log.text();
+    EXPECT_TRUE(log.has("\\x1b[2Jb.ics", "")) << log.text();
+    EXPECT_TRUE(log.has("no\\x0afolder", "no calendars")) << log.text();
+    for (const std::string &line : log.lines())
+        EXPECT_EQ(line.find_first_of("\n\x1b"), std::string::npos) << line;
+}
+
 TEST_F(FolderSourceTest, AFolderOfFoldersHoldsACalendarEach) {
     files.write(QStringLiteral("home/work/a.ics"), sound);
     files.write(QStringLiteral("home/private/a.ics"), sound);
