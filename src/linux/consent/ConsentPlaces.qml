@@ -54,58 +54,7 @@ Rectangle {
         interactive: root.isScrollable
         model: root.places
 
-        delegate: Item {
-            id: place
-
-            required property int index
-            required property string name
-            required property string detail
-
-            width: ListView.view.width
-            height: root.rowHeight
-            Accessible.role: Accessible.ListItem
-            Accessible.name: place.name
-            Accessible.description: place.detail
-
-            Rectangle {
-                visible: place.index > 0
-                x: 12
-                width: parent.width - 24
-                height: 1
-                color: root.ThemePaletteKey.palette.dotStroke
-            }
-
-            Column {
-                anchors.verticalCenter: parent.verticalCenter
-                x: 12
-                width: parent.width - 24
-                spacing: 2
-
-                Text {
-                    objectName: "placeName"
-                    width: parent.width
-                    text: place.name
-                    textFormat: Text.PlainText
-                    elide: Text.ElideRight
-                    maximumLineCount: 1
-                    color: root.ThemePaletteKey.palette.primaryText
-                    font: Typography.reading(root.unit, Font.Medium)
-                    Accessible.ignored: true
-                }
-
-                Text {
-                    width: parent.width
-                    visible: place.detail.length > 0
-                    text: place.detail
-                    textFormat: Text.PlainText
-                    elide: Text.ElideMiddle
-                    maximumLineCount: 1
-                    color: root.ThemePaletteKey.palette.secondaryText
-                    font: Typography.reading(0.9 * root.unit, Font.Normal)
-                    Accessible.ignored: true
-                }
-            }
-        }
+        delegate: ConsentPlace {}
     }
 
     Rectangle {
