@@ -7,6 +7,7 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 VANTREL = os.environ["VANTREL"]
@@ -122,6 +123,50 @@ class CalendarsTest(unittest.TestCase):
         for more in [[], ["--json"]]:
             with self.subTest(more=more), open("/dev/full", "w") as full:
                 self.assertEqual(self.run_vantrel(*more, stdout=full).returncode, 1)
+
+    def selection(self):
+        file = self.profile / "settings.json"
+        stored = json.loads(file.read_text()) if file.exists() else {}
+        return set(stored.get("Vantrel.selectedCalendarIDs", []))
+
+    def wait_for_selection(self, expected):
+        end = time.monotonic() + 30
+        while self.selection() != expected and time.monotonic() < end:
+            time.sleep(0.05)
+        self.assertEqual(self.selection(), expected)
+
+    def run_agent(self):
+        environment = {"PATH": os.environ["PATH"], "HOME": str(self.folder), "LC_ALL": "C.UTF-8",
+                       "QT_QPA_PLATFORM": "offscreen",
+                       "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.folder}/none"}
+        agent = subprocess.Popen([VANTREL, "--profile", self.profile], env=environment,
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(agent.wait)
+        self.addCleanup(agent.kill)
+        return agent
+
+    def test_the_agent_keeps_what_is_out_of_reach_and_drops_what_was_deleted(self):
+        self.allow()
+        for name in ("work", "home", "old"):
+            self.write(f"calendars/{name}/displayname", name)
+        disk = self.folder / "disk"
+        (disk / "usb").mkdir(parents=True)
+        (disk / "usb/displayname").write_text("usb")
+        (self.profile / "calendars/usb").symlink_to(disk / "usb")
+        ids = {calendar["title"]: calendar["id"] for calendar in self.calendars()}
+        everything = set(ids.values())
+        self.run_agent()
+        self.wait_for_selection(everything)
+        # The disk goes, and a calendar is deleted: as long as the disk is away nobody can
+        # be certain of either. There is no event to wait for: nothing is to happen.
+        disk.rename(self.folder / "away")
+        (self.profile / "calendars/old/displayname").unlink()
+        (self.profile / "calendars/old").rmdir()
+        time.sleep(2)
+        self.assertEqual(self.selection(), everything)
+        (self.folder / "away").rename(disk)
+        (self.profile / "calendars/home/displayname").write_text("home again")
+        self.wait_for_selection(everything - {ids["old"]})
 
     def test_refuses_what_it_does_not_know(self):
         self.assertEqual(self.run_vantrel("--horizon", "60").returncode, 2)
