@@ -19,10 +19,6 @@ public:
     static void ready(GObject *object, GAsyncResult *result, gpointer data);
     [[nodiscard]] static gpointer data(Finish finish);
 
-    /// Runs `work` on a thread of GLib's pool, for a call that has no asynchronous form, and then
-    /// `finish` here. `object` stays alive until both have run.
-    static void inThread(GObject *object, std::function<void()> work, std::function<void()> finish);
-
     /// Calls of this thread that have not been answered yet.
     [[nodiscard]] static int outstanding();
 };

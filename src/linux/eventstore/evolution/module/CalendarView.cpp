@@ -108,19 +108,12 @@ void CalendarView::follow(ECalClientView *view) {
     g_signal_connect(view, "objects-modified", G_CALLBACK(added), this);
     g_signal_connect(view, "objects-removed", G_CALLBACK(removed), this);
     g_signal_connect(view, "complete", G_CALLBACK(completed), this);
-    const auto message = std::make_shared<QByteArray>();
-    Async::inThread(
-        G_OBJECT(view),
-        [view, message] {
-            Failure failure;
-            e_cal_client_view_start(view, failure.out());
-            if (failure)
-                *message = failure.message();
-        },
-        [weak = weak_from_this(), message] {
-            if (const auto self = weak.lock(); self && !message->isEmpty())
-                self->m_listener.failed(*message);
-        });
+    // Its signals come to the thread that starts it, so that no other may, although the call waits
+    // for the service to say that it begins.
+    Failure failure;
+    e_cal_client_view_start(view, failure.out());
+    if (failure)
+        m_listener.failed(failure.message());
 }
 
 void CalendarView::added(ECalClientView * /*view*/, const GSList *objects, gpointer self) {

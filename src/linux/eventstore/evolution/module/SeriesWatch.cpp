@@ -36,26 +36,18 @@ void SeriesWatch::open(std::function<void(const QByteArray &)> opened) {
                           }));
 }
 
-void SeriesWatch::follow(ECalClientView *view, std::function<void(const QByteArray &)> opened) {
+void SeriesWatch::follow(ECalClientView *view,
+                         const std::function<void(const QByteArray &)> &opened) {
     m_view = anotherReference(view);
     g_signal_connect(view, "objects-added", G_CALLBACK(touched), this);
     g_signal_connect(view, "objects-modified", G_CALLBACK(touched), this);
     g_signal_connect(view, "objects-removed", G_CALLBACK(removed), this);
-    const auto message = std::make_shared<QByteArray>();
-    Async::inThread(
-        G_OBJECT(view),
-        [view, message] {
-            Failure failure;
-            e_cal_client_view_set_flags(view, E_CAL_CLIENT_VIEW_FLAGS_NONE, failure.out());
-            if (!failure)
-                e_cal_client_view_start(view, failure.out());
-            if (failure)
-                *message = failure.message();
-        },
-        [weak = weak_from_this(), message, opened = std::move(opened)] {
-            if (const auto self = weak.lock())
-                opened(*message);
-        });
+    // Its signals come to the thread that starts it.
+    Failure failure;
+    e_cal_client_view_set_flags(view, E_CAL_CLIENT_VIEW_FLAGS_NONE, failure.out());
+    if (!failure)
+        e_cal_client_view_start(view, failure.out());
+    opened(failure ? failure.message() : QByteArray());
 }
 
 void SeriesWatch::touched(ECalClientView * /*view*/, const GSList *objects, gpointer self) {

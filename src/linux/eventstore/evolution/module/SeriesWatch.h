@@ -29,7 +29,7 @@ private:
     static void touched(ECalClientView *view, const GSList *objects, gpointer self);
     static void removed(ECalClientView *view, const GSList *ids, gpointer self);
 
-    void follow(ECalClientView *view, std::function<void(const QByteArray &)> opened);
+    void follow(ECalClientView *view, const std::function<void(const QByteArray &)> &opened);
 
     const Reference<ECalClient> m_client;
     const Changed m_changed;
