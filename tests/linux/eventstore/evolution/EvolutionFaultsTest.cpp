@@ -10,6 +10,8 @@ using ::testing::ElementsAre;
 
 class EvolutionFaults : public EvolutionFixture {
 protected:
+    using EvolutionFixture::EvolutionFixture;
+
     /// Ends one of the services of this session, as a crash would.
     void kill(const QString &program) {
         qint64 process = 0;
@@ -58,7 +60,14 @@ TEST_F(EvolutionFaults, KeepsTheCalendarsWhileTheRegistryIsGoneAndHearsOfOthersA
     EXPECT_TRUE(calendar(QStringLiteral("Personal")));
 }
 
-TEST_F(EvolutionFaults, SurvivesTheSessionBusAndUsesTheNextOne) {
+/// GLib keeps a dead bus as long as anything on it waits in the main thread's context. A main loop
+/// that never looks there keeps it for good.
+class EvolutionFaultsOnGLib : public EvolutionFaults {
+protected:
+    EvolutionFaultsOnGLib() : EvolutionFaults(MainLoop::glib) {}
+};
+
+TEST_F(EvolutionFaultsOnGLib, SurvivesTheSessionBusAndUsesTheNextOne) {
     putOne();
     begin();
     settleTitles(ElementsAre("One"), "the event");

@@ -25,6 +25,13 @@ namespace vantrel::tests {
 /// 08:00 in Zurich, a Monday.
 class EvolutionFixture : public ::testing::Test {
 protected:
+    enum class MainLoop {
+        qt,  ///< An answer that came to GLib's own context, the main thread's, would not be heard.
+        glib ///< As Qt runs on most desktops.
+    };
+
+    explicit EvolutionFixture(MainLoop loop = MainLoop::qt) : m_application(loop) {}
+
     [[nodiscard]] std::unique_ptr<LocalEventStore> storeOf(StoreConfiguration configuration) {
         configuration.addresses = {QStringLiteral("me@example.com")};
         return std::make_unique<LocalEventStore>(
@@ -93,6 +100,22 @@ protected:
     /// The one that every registry brings along.
     static QString ownCalendar() { return QStringLiteral("system-calendar"); }
 
+private:
+    struct Application {
+        explicit Application(MainLoop loop) {
+            qputenv("QT_NO_GLIB", loop == MainLoop::qt ? "1" : "");
+            application = std::make_unique<QCoreApplication>(count, arguments);
+        }
+
+        int count = 1;
+        char name[5] = "test";
+        char *arguments[2] = {name, nullptr};
+        std::unique_ptr<QCoreApplication> application;
+    };
+
+    const Application m_application;
+
+protected:
     const char *zone = "Europe/Zurich";
     CapturedLog log;
     PrivateSession session;

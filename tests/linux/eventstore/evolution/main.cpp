@@ -1,9 +1,6 @@
-#include <QCoreApplication>
-
 #include <gtest/gtest.h>
 
 int main(int argc, char *argv[]) {
     ::testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    return RUN_ALL_TESTS(); // Each test makes the event loop that it is about.
 }
