@@ -165,6 +165,7 @@ void StoreLoader::rollWhenDue() {
     m_aim = aim;
     for (const auto &reader : m_readers)
         reader->aimAt(aim);
+    armForMidnight();
 }
 
 } // namespace vantrel

@@ -13,6 +13,9 @@ using namespace tests;
 
 class ClockNoticeTest : public LiveStore {
 protected:
+    /// So that no tick of the quarter of an hour falls on a midnight.
+    void startWithinTheQuarter() { queue.jumpWallTo(at("2026-03-02T08:07:00", zone)); }
+
     void setZoneFile(const char *name) const {
         QFile::remove(files.path(QStringLiteral("etc/localtime")));
         ASSERT_TRUE(QFile::link(QStringLiteral("/usr/share/zoneinfo/") + QLatin1String(name),
@@ -59,6 +62,7 @@ TEST_F(ClockNoticeTest, ReadsWholeDaysAgainAsSoonAsTheSystemsZoneIsAnother) {
 }
 
 TEST_F(ClockNoticeTest, MovesTheWindowRightAtTheUsersMidnight) {
+    startWithinTheQuarter();
     files.write(QStringLiteral("work/a.ics"),
                 calendarText(event("w", "DTSTART:20260101T110000Z\nRRULE:FREQ=DAILY\n")));
     begin({QStringLiteral("work")});
@@ -69,7 +73,6 @@ TEST_F(ClockNoticeTest, MovesTheWindowRightAtTheUsersMidnight) {
             .startDate;
     };
     EXPECT_EQ(last(), at("2026-03-18T11:00:00"));
-    // A start in the middle of the quarter of an hour, so that no tick of it falls on midnight.
     queue.advanceTo(at("2026-03-02T23:59:59.5", zone));
     settleAtOnce();
     EXPECT_EQ(changes, 1);
@@ -79,6 +82,21 @@ TEST_F(ClockNoticeTest, MovesTheWindowRightAtTheUsersMidnight) {
     queue.advance(Seconds{86400.0});
     settle([this] { return changes == 3; });
     EXPECT_EQ(last(), at("2026-03-20T11:00:00"));
+}
+
+TEST_F(ClockNoticeTest, WaitsForMidnightInTheZoneThatTheUserMovedTo) {
+    files.write(QStringLiteral("work/a.ics"),
+                calendarText(event("w", "DTSTART:20260101T110000Z\nRRULE:FREQ=DAILY\n")));
+    startWithinTheQuarter();
+    begin({QStringLiteral("work")});
+    zone = "Asia/Tokyo"; // Where midnight comes earlier.
+    queue.advance(Seconds{900.0});
+    settle([this] { return changes == 2; });
+    queue.advanceTo(at("2026-03-02T23:59:59.5", "Asia/Tokyo"));
+    settleAtOnce();
+    EXPECT_EQ(changes, 2);
+    queue.advance(Seconds{0.5});
+    settle([this] { return changes == 3; });
 }
 
 TEST_F(ClockNoticeTest, FindsMidnightOnADayOf23Hours) {
