@@ -5,6 +5,7 @@ import ctypes
 import json
 import math
 import os
+import pathlib
 import stat
 import sys
 import time
@@ -89,6 +90,24 @@ class ConsentTest(unittest.TestCase):
         self.assertFalse(self.openings.heard())
         (self.agent.calendars / "work" / "soon.ics").read_text()
         self.assertTrue(self.openings.heard(), "the watch works")
+
+    def test_loads_nothing_of_the_accounts_before_it_is_allowed(self):
+        bus = self.desktop.folder / "bus"
+        self.desktop.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:path={bus}")
+        within(10, bus.exists, "the bus is up")
+        self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={bus}"
+        program = self.desktop.start(VANTREL)
+        maps = pathlib.Path(f"/proc/{program.pid}/maps")
+        self.wait_for_dialog()
+        self.assertNotIn("vantrel-evolution", maps.read_text())
+        self.assertNotIn("libecal", maps.read_text())
+        self.desktop.press("Return")
+        within(5, lambda: not self.dialog(), "the question is gone")
+        access = self.desktop.folder / "config" / "Vantrel" / "access.json"
+        self.assertEqual(json.loads(access.read_text())["calendarAccess"], "granted")
+        if not (pathlib.Path(VANTREL).parent / "vantrel-evolution.so").exists():
+            self.skipTest("this build comes without the accounts: nothing to load afterwards")
+        within(20, lambda: "vantrel-evolution" in maps.read_text(), "the module is loaded")
 
     def test_a_policy_bars_without_a_question(self):
         policies = self.desktop.folder / "policies"
