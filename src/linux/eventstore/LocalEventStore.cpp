@@ -7,6 +7,12 @@
 
 namespace vantrel {
 
+namespace {
+
+constexpr Seconds pauseBetweenNews{0.6};
+
+} // namespace
+
 LocalEventStore::LocalEventStore(MainQueue &queue, StoreConfiguration configuration,
                                  CurrentCalendar currentCalendar,
                                  std::unique_ptr<StoreAccess> access)
@@ -77,8 +83,23 @@ std::unique_ptr<StoreLoader> LocalEventStore::makeLoader() {
 
 void LocalEventStore::take(std::optional<EventIndex::Calendars> calendars) {
     m_isLoaded = m_isLoaded || (m_loader && m_loader->isLoaded());
-    if (calendars)
-        m_index.replace(std::move(*calendars));
+    if (!calendars)
+        return announce(); // The clock was set: nothing that hangs on it may wait.
+    m_index.replace(std::move(*calendars));
+    if (m_isAnnouncing)
+        return;
+    const Seconds wait =
+        m_announced ? *m_announced + pauseBetweenNews - m_queue.uptime() : Seconds::zero();
+    if (wait <= Seconds::zero())
+        return announce();
+    m_isAnnouncing = true;
+    m_announcement = m_queue.after(wait, [this] { announce(); });
+}
+
+void LocalEventStore::announce() {
+    m_isAnnouncing = false;
+    m_announcement.cancel();
+    m_announced = m_queue.uptime();
     changed.announce();
 }
 

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantrel {
@@ -22,7 +23,9 @@ class StoreLoader;
 ///
 /// Answers know a window of time around now (see `StoreConfiguration`), which moves along with the
 /// clock; what lies outside is not answered. `changed` is announced when calendars or events
-/// change, and when the machine wakes or its clock or time zone is set.
+/// change, and when the machine wakes or its clock or time zone is set. Changes are not announced
+/// twice within 0.6 s, so that who waits for half a second of quiet is not kept waiting by a file
+/// that is written all the time.
 ///
 /// Nothing is read, listed, watched or loaded before the user allowed it.
 class LocalEventStore : public EventStore {
@@ -64,6 +67,7 @@ private:
     void followFile();
     [[nodiscard]] std::unique_ptr<StoreLoader> makeLoader();
     void take(std::optional<EventIndex::Calendars> calendars);
+    void announce();
 
     MainQueue &m_queue;
     StoreConfiguration m_configuration;
@@ -72,6 +76,9 @@ private:
     bool m_isLoaded = false;
     std::unique_ptr<StoreAccess> m_access;
     Subscription m_grant;
+    std::optional<MonotonicInstant> m_announced; ///< When `changed` was, the last time.
+    bool m_isAnnouncing = false;                 ///< The next time is arranged.
+    ScheduledWork m_announcement;
     std::unique_ptr<StoreLoader> m_loader; ///< Null as long as nothing may be read.
 };
 

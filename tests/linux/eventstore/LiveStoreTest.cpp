@@ -90,6 +90,25 @@ TEST_F(LiveStore, IsNotKeptWaitingByAWriterThatNeverPauses) {
     settle([this, before] { return changes > before; });
 }
 
+TEST_F(LiveStore, LeavesWhoWaitsForQuietTheirQuietWhileAWriterNeverPauses) {
+    begin({QStringLiteral("home")});
+    files.write(QStringLiteral("home/a.ics"), oneEvent("before"));
+    settleChange();
+    ScheduledWork follower;
+    int calls = 0;
+    const Subscription follows = live->changed.subscribe(
+        [&] { follower = queue.after(Seconds{0.5}, [&calls] { ++calls; }); });
+    for (int round = 0; round < 30; ++round) {
+        replace(QStringLiteral("home/a.ics"), oneEvent(QByteArray::number(round)));
+        settle([this] { return queue.pendingCount() > pendingAtRest; });
+        for (int step = 0; step < 2; ++step) {
+            queue.advance(Seconds{0.1});
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        }
+    }
+    EXPECT_GE(calls, 5);
+}
+
 TEST_F(LiveStore, SaysNothingOfNamesThatAreNoItems) {
     files.write(QStringLiteral("work/a.ics"), oneEvent("first"));
     begin({QStringLiteral("work")});
@@ -282,7 +301,7 @@ TEST_F(LiveStore, MovesItsWindowWhenAQuestionShowsThatTheClockWasSet) {
         };
         EXPECT_EQ(ask(), 0U);
         const int before = changes;
-        queue.runDue();
+        queue.advance(Seconds{1.0});
         settle([this, before] { return changes > before; });
         EXPECT_EQ(ask(), 14U);
     }
