@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <utility>
 
 namespace vantrel {
@@ -114,6 +115,26 @@ TEST_F(MainThread, IsNeverBlockedWhileACalendarOfFiftyThousandEventsIsReadAndCha
     EXPECT_GT(watchdog.ticks(), 10);
     EXPECT_LT(watchdog.longest(), 50.0) << "milliseconds";
     RecordProperty("longest", std::to_string(watchdog.longest()));
+}
+
+TEST_F(MainThread, SeesEverythingAlthoughTheFactoryIsKilledBeforeItHasTold) {
+    writeCalendar(50'000);
+    StoreConfiguration configuration;
+    configuration.evolutionModule = QStringLiteral(EVOLUTION_MODULE);
+    store = storeOf(configuration);
+    const Subscription subscription = store->changed.subscribe([this] { ++changes; });
+    store->start();
+    qint64 factory = 0;
+    settle(
+        [&] {
+            factory = session.processOf(QStringLiteral("evolution-calendar-factory"));
+            return factory > 1;
+        },
+        "the factory runs");
+    ASSERT_GT(factory, 1);
+    EXPECT_EQ(count(), 0U);
+    ASSERT_EQ(::kill(static_cast<pid_t>(factory), SIGKILL), 0);
+    settle([this] { return count() == 5'000; }, "all events of the weeks are there");
 }
 
 } // namespace
