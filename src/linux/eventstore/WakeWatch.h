@@ -1,32 +1,30 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QObject>
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 namespace vantrel {
 
 /// Hears from the login manager (org.freedesktop.login1) that the machine has woken. Without a
 /// system bus, or a login manager on it, it stays quiet: the kernel's own notice, which
-/// `ClockWatch` hears, is then the only one. Main thread only.
-class WakeWatch : public QObject {
-    Q_OBJECT
-
+/// `ClockWatch` hears, is then the only one. Waits for no answer of the bus. Main thread only;
+/// needs an event loop of GLib's, which is what Qt uses unless it is told otherwise.
+class WakeWatch {
 public:
     explicit WakeWatch(std::function<void()> report, const QString &busAddress = systemBus());
-    ~WakeWatch() override;
+    ~WakeWatch();
 
     /// The address in DBUS_SYSTEM_BUS_ADDRESS, or the usual one.
     [[nodiscard]] static QString systemBus();
 
-private Q_SLOTS:
-    void take(bool isGoingToSleep);
+    /// Whether the bus has confirmed that what the login manager says will be heard.
+    [[nodiscard]] bool isListening() const;
 
 private:
-    const std::function<void()> m_report;
-    const QString m_name; ///< Of the connection, within this process.
+    struct Line;
+    std::shared_ptr<Line> m_line; ///< Answers that come later find it gone.
 };
 
 } // namespace vantrel
