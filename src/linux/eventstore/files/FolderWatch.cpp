@@ -37,10 +37,12 @@ FolderWatch::~FolderWatch() {
 }
 
 bool FolderWatch::add(const QByteArray &folder, const QByteArray &name) {
-    const std::lock_guard lock(m_mutex);
+    // Not under the lock, which the main thread takes too: looking up a folder on a disk that does
+    // not answer may take for ever.
     const int watch = ::inotify_add_watch(m_descriptor, folder.constData(), watchedEvents);
     if (watch < 0)
         return errno != ENOSPC && errno != EBADF && errno != ENOMEM;
+    const std::lock_guard lock(m_mutex);
     Interest &interest = m_folders[watch].added[folder];
     if (name.isEmpty())
         interest.isWhole = true;
