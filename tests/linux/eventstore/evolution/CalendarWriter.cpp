@@ -3,6 +3,8 @@
 //   calendar_writer put CALENDAR FILE           creates or modifies the file's events; one with a
 //                                               recurrence id changes that occurrence alone
 //   calendar_writer remove CALENDAR UID [RID]   removes all of it, or one occurrence
+//   calendar_writer churn CALENDAR FILE         creates the file's first event and removes it, many
+//                                               times without a pause; in the end it is there
 //   calendar_writer add-source UID NAME         a local calendar
 //   calendar_writer remove-source UID
 //   calendar_writer disable-source UID
@@ -88,6 +90,24 @@ bool put(ECalClient *client, const char *file) {
     return true;
 }
 
+bool churn(ECalClient *client, const char *file) {
+    constexpr int rounds = 100;
+    gchar *text = nullptr;
+    if (!succeed(g_file_get_contents(file, &text, nullptr, &failure)))
+        return false;
+    ICalComponent *calendar = i_cal_component_new_from_string(text);
+    g_free(text);
+    ICalComponent *event = i_cal_component_get_first_component(calendar, I_CAL_VEVENT_COMPONENT);
+    for (int round = 0; round < rounds; ++round) {
+        if (!putEvent(client, event) ||
+            !succeed(e_cal_client_remove_object_sync(client, i_cal_component_get_uid(event),
+                                                     nullptr, E_CAL_OBJ_MOD_ALL,
+                                                     E_CAL_OPERATION_FLAG_NONE, nullptr, &failure)))
+            return false;
+    }
+    return putEvent(client, event);
+}
+
 bool list(ECalClient *client, const char *query) {
     GSList *events = nullptr;
     if (!succeed(e_cal_client_get_object_list_sync(client, query, &events, nullptr, &failure)))
@@ -137,6 +157,8 @@ bool changeCalendar(ESourceRegistry *registry, const std::string &verb, int argc
         return false;
     if (verb == "put")
         return put(client, argv[3]);
+    if (verb == "churn")
+        return churn(client, argv[3]);
     if (verb == "list")
         return list(client, argv[3]);
     if (verb == "refresh")

@@ -203,6 +203,16 @@ TEST_F(EvolutionStore, FindsTheUserByTheMailIdentitiesOfTheDesktop) {
     EXPECT_FALSE(event.attendees->at(2).isCurrentUser);
 }
 
+TEST_F(EvolutionStore, ShowsASeriesThatIsRemovedAndAddedAgainWhileItIsAskedFor) {
+    begin();
+    session.write({QStringLiteral("churn"), ownCalendar(),
+                   session.file(calendarText(event("churned", "DTSTART:20260302T110000Z\n"
+                                                              "RRULE:FREQ=DAILY;COUNT=2\n"
+                                                              "SUMMARY:Churned\n")))});
+    put(event("mark", "DTSTART:20260301T233000Z\nSUMMARY:Mark\n"));
+    settleTitles(ElementsAre("Mark", "Churned", "Churned"), "both are there");
+}
+
 TEST_F(EvolutionStore, FollowsCalendarsThatComeAndGo) {
     begin();
     EXPECT_FALSE(calendar(QStringLiteral("Team")));

@@ -143,6 +143,8 @@ void CalendarView::take(ICalComponent *component) {
         return;
     const QByteArray recurrenceId = recurrenceIdOf(component);
     Entry &entry = m_entries[uid];
+    if (entry.number == 0)
+        entry.number = ++m_lastNumber;
     entry.present.insert(recurrenceId);
     entry.isSeries = entry.isSeries || !recurrenceId.isEmpty() || recurs(component);
     if (entry.isSeries)
@@ -184,29 +186,36 @@ void CalendarView::load(const QByteArray &uid) {
         return;
     entry.isLoading = true;
     ++m_loading;
-    m_toFetch.push_back(uid);
+    m_toFetch.emplace_back(uid, entry.number);
     pump();
 }
 
 void CalendarView::pump() {
     while (m_fetches < maximumFetches && !m_toFetch.empty()) {
-        const QByteArray uid = m_toFetch.front();
+        const auto [uid, number] = m_toFetch.front();
         m_toFetch.pop_front();
-        fetch(uid);
+        if (find(uid, number))
+            fetch(uid, number);
     }
 }
 
-void CalendarView::fetch(const QByteArray &uid) {
-    ++m_fetches;
-    e_cal_client_get_objects_for_uid(
-        m_client.get(), uid.constData(), m_cancellable.get(), Async::ready,
-        Async::data([weak = weak_from_this(), uid](GObject * /*object*/, GAsyncResult *result) {
-            if (const auto self = weak.lock())
-                self->finishFetch(uid, result);
-        }));
+CalendarView::Entry *CalendarView::find(const QByteArray &uid, std::uint64_t number) {
+    const auto found = m_entries.find(uid);
+    return found != m_entries.end() && found->second.number == number ? &found->second : nullptr;
 }
 
-void CalendarView::finishFetch(const QByteArray &uid, GAsyncResult *result) {
+void CalendarView::fetch(const QByteArray &uid, std::uint64_t number) {
+    ++m_fetches;
+    e_cal_client_get_objects_for_uid(m_client.get(), uid.constData(), m_cancellable.get(),
+                                     Async::ready,
+                                     Async::data([weak = weak_from_this(), uid, number](
+                                                     GObject * /*object*/, GAsyncResult *result) {
+                                         if (const auto self = weak.lock())
+                                             self->finishFetch(uid, number, result);
+                                     }));
+}
+
+void CalendarView::finishFetch(const QByteArray &uid, std::uint64_t number, GAsyncResult *result) {
     Failure failure;
     GSList *components = nullptr;
     e_cal_client_get_objects_for_uid_finish(m_client.get(), result, &components, failure.out());
@@ -221,10 +230,14 @@ void CalendarView::finishFetch(const QByteArray &uid, GAsyncResult *result) {
     const auto keepAlive = shared_from_this();
     const bool isGone =
         !failure || failure.is(E_CAL_CLIENT_ERROR, E_CAL_CLIENT_ERROR_OBJECT_NOT_FOUND);
-    if (m_entries.find(uid) == m_entries.end())
+    const Entry *const entry = find(uid, number);
+    // What was asked for an entry that has gone says nothing about the one in its place.
+    if (!entry)
         checkFilled();
     else if (!item.events.isEmpty())
         keep(uid, std::move(item), zones);
+    else if (isGone && entry->isOutdated)
+        loadAgain(uid);
     else if (isGone)
         forget(uid);
     else
@@ -238,16 +251,15 @@ void CalendarView::keep(const QByteArray &uid, CalendarItem item, const QByteArr
     const QByteArrayList unusual = m_zones->unusual(zones);
     if (unusual.isEmpty())
         return finishLoading(uid);
-    m_zones->get(unusual, [weak = weak_from_this(), uid](const QByteArray &texts) {
-        const auto self = weak.lock();
-        if (!self)
-            return;
-        const auto found = self->m_entries.find(uid);
-        if (found == self->m_entries.end())
-            return;
-        found->second.item.zones = texts;
-        self->finishLoading(uid);
-    });
+    m_zones->get(unusual,
+                 [weak = weak_from_this(), uid, number = entry.number](const QByteArray &texts) {
+                     const auto self = weak.lock();
+                     Entry *const asking = self ? self->find(uid, number) : nullptr;
+                     if (!asking)
+                         return;
+                     asking->item.zones = texts;
+                     self->finishLoading(uid);
+                 });
 }
 
 void CalendarView::finishLoading(const QByteArray &uid) {
@@ -259,6 +271,14 @@ void CalendarView::finishLoading(const QByteArray &uid) {
     if (std::exchange(entry.isOutdated, false))
         load(uid);
     checkFilled();
+}
+
+/// What came was overtaken before it was there.
+void CalendarView::loadAgain(const QByteArray &uid) {
+    Entry &entry = m_entries[uid];
+    entry.isLoading = false;
+    --m_loading;
+    load(uid);
 }
 
 void CalendarView::forget(const QByteArray &uid) {

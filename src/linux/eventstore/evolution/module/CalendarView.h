@@ -10,12 +10,14 @@
 
 #include <libecal/libecal.h>
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace vantrel {
 
@@ -55,6 +57,7 @@ public:
 
 private:
     struct Entry {
+        std::uint64_t number = 0;     ///< A UID that goes and comes back is another entry.
         std::set<QByteArray> present; ///< Recurrence ids in the view; empty for a master.
         bool isSeries = false;        ///< Or more than one component, or an override.
         bool isLoading = false;
@@ -69,10 +72,12 @@ private:
     void follow(ECalClientView *view);
     void take(ICalComponent *component);
     void drop(const ECalComponentId *id);
+    [[nodiscard]] Entry *find(const QByteArray &uid, std::uint64_t number);
     void load(const QByteArray &uid);
     void pump();
-    void fetch(const QByteArray &uid);
-    void finishFetch(const QByteArray &uid, GAsyncResult *result);
+    void fetch(const QByteArray &uid, std::uint64_t number);
+    void finishFetch(const QByteArray &uid, std::uint64_t number, GAsyncResult *result);
+    void loadAgain(const QByteArray &uid);
     void keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones);
     void finishLoading(const QByteArray &uid);
     void forget(const QByteArray &uid);
@@ -84,7 +89,8 @@ private:
     const Reference<GCancellable> m_cancellable;
     Reference<ECalClientView> m_view;
     std::map<QByteArray, Entry> m_entries; ///< By UID.
-    std::deque<QByteArray> m_toFetch;
+    std::uint64_t m_lastNumber = 0;
+    std::deque<std::pair<QByteArray, std::uint64_t>> m_toFetch;
     int m_fetches = 0;         ///< Under way.
     int m_loading = 0;         ///< Entries.
     bool m_isComplete = false; ///< The service has listed everything.
