@@ -62,6 +62,8 @@ bool CalendarCatalog::adopt(const SourceCalendar &calendar) {
     const StoreCalendar &given = calendar.calendar;
     if (m_calendar && given.title == m_given.title && given.color == m_given.color &&
         given.allowsContentModifications == m_given.allowsContentModifications &&
+        given.type == m_given.type &&
+        given.source.sourceIdentifier == m_given.source.sourceIdentifier &&
         given.source.title == m_given.source.title)
         return false;
     m_given = given;

@@ -13,6 +13,8 @@ public:
     bool canRead = true;
     int reads = 0;
     QStringList addresses;
+    StoreCalendarType type = StoreCalendarType::local;
+    StoreSource account;
 
     void start() override {}
 
@@ -21,6 +23,8 @@ public:
         calendar.calendar.calendarIdentifier = QStringLiteral("work");
         calendar.hasChanges = std::exchange(m_isFirst, false);
         calendar.addresses = addresses;
+        calendar.calendar.type = type;
+        calendar.calendar.source = account;
         return {calendar};
     }
 
@@ -72,6 +76,22 @@ TEST_F(StoreCatalogTest, FindsTheUserByTheAddressesOfTheCalendarAsSoonAsItNamesT
     source.addresses = {QStringLiteral("me@work.example")};
     ASSERT_EQ(eventsAfterARound(), 1U);
     EXPECT_TRUE(isUser());
+}
+
+TEST_F(StoreCatalogTest, ShowsACalendarOfAnotherKindAsSoonAsItIs) {
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    EXPECT_EQ(index.calendars().at(0).type, StoreCalendarType::local);
+    source.type = StoreCalendarType::subscription;
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    EXPECT_EQ(index.calendars().at(0).type, StoreCalendarType::subscription);
+}
+
+TEST_F(StoreCatalogTest, ShowsACalendarInAnotherAccountOfThatNameAsSoonAsItIs) {
+    source.account = {QStringLiteral("first"), QStringLiteral("Mail")};
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    source.account.sourceIdentifier = QStringLiteral("second");
+    ASSERT_EQ(eventsAfterARound(), 1U);
+    EXPECT_EQ(index.calendars().at(0).source.sourceIdentifier, QStringLiteral("second"));
 }
 
 TEST_F(StoreCatalogTest, ReadsAnItemThatCouldNotBeReadOnceItCan) {
