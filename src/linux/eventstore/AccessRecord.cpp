@@ -52,13 +52,15 @@ void makeFolder(const QString &folder) {
 
 } // namespace
 
-AccessRecord AccessRecord::ofUser(const std::optional<QString> &profile) {
-    QStringList policies;
+AccessRecord AccessRecord::ofUser(const std::optional<QString> &profile,
+                                  const QString &systemFolder) {
+    const QString policyName = QStringLiteral("/Vantrel/policy.json");
+    QStringList policies{systemFolder + policyName};
     const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const auto folders = QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
     for (const QString &folder : folders) {
-        if (folder != own)
-            policies.append(folder + QStringLiteral("/Vantrel/policy.json"));
+        if (folder != own && folder != systemFolder)
+            policies.append(folder + policyName);
     }
     return {
         placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("access.json")),

@@ -18,8 +18,11 @@ public:
         : m_answerFile(std::move(answerFile)), m_policyFiles(std::move(policyFiles)) {}
 
     /// The answer in `$XDG_CONFIG_HOME/Vantrel/access.json`, or directly in the folder `profile`
-    /// when one is given; policies in `Vantrel/policy.json` in each folder of `$XDG_CONFIG_DIRS`.
-    [[nodiscard]] static AccessRecord ofUser(const std::optional<QString> &profile = {});
+    /// when one is given; policies in `Vantrel/policy.json` in `systemFolder`, whatever the
+    /// environment says, which is the user's, and in each folder of `$XDG_CONFIG_DIRS`.
+    [[nodiscard]] static AccessRecord
+    ofUser(const std::optional<QString> &profile = {},
+           const QString &systemFolder = QStringLiteral("/etc/xdg"));
 
     /// Reads the files. A policy of "restricted" outweighs every answer, and so does, with a log
     /// line, a policy that makes no sense: a slip in it opens nothing. An answer is "granted" or

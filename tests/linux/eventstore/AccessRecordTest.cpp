@@ -176,6 +176,21 @@ TEST_F(AccessRecordOfUserTest, ReadsThePolicyInEachFolderOfTheSystem) {
               StoreAuthorization::restricted);
 }
 
+TEST_F(AccessRecordOfUserTest, ReadsThePolicyOfTheSystemWhateverTheEnvironmentSays) {
+    const QString system = files.path(QStringLiteral("system"));
+    files.write(QStringLiteral("home/Vantrel/access.json"), R"({"calendarAccess": "granted"})");
+    EXPECT_EQ(AccessRecord::ofUser({}, system).read(), StoreAuthorization::fullAccess);
+    files.write(QStringLiteral("system/Vantrel/policy.json"),
+                R"({"calendarAccess": "restricted"})");
+    EXPECT_EQ(AccessRecord::ofUser({}, system).read(), StoreAuthorization::restricted);
+    EXPECT_EQ(AccessRecord::ofUser(files.path(QStringLiteral("home/Vantrel")), system).read(),
+              StoreAuthorization::restricted);
+    qputenv("XDG_CONFIG_HOME", system.toLocal8Bit());
+    EXPECT_EQ(AccessRecord::ofUser({}, system).read(), StoreAuthorization::restricted);
+    qputenv("XDG_CONFIG_DIRS", system.toLocal8Bit());
+    EXPECT_EQ(AccessRecord::ofUser({}, system).read(), StoreAuthorization::restricted);
+}
+
 TEST_F(AccessRecordOfUserTest, TakesNoPolicyFromTheUser) {
     files.write(QStringLiteral("home/Vantrel/policy.json"), R"({"calendarAccess": "restricted"})");
     EXPECT_EQ(AccessRecord::ofUser().read(), StoreAuthorization::notDetermined);
