@@ -26,8 +26,9 @@ ConfigurationFile unreadable(const QString &path, const QString &reason) {
 
 ConfigurationFile readConfigurationFile(const QString &path) {
     int number = 0;
-    const auto bytes = files::read(QFile::encodeName(path), maximumFileSize, number);
-    if (!bytes && (number == ENOENT || number == ENOTDIR))
+    const QByteArray name = QFile::encodeName(path);
+    const auto bytes = files::read(name, maximumFileSize, number);
+    if (!bytes && (number == ENOENT || number == ENOTDIR) && !files::isBehindBrokenLink(name))
         return {};
     if (!bytes)
         return unreadable(path, QString::fromLocal8Bit(std::strerror(number)));

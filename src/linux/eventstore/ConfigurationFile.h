@@ -17,7 +17,8 @@ struct ConfigurationFile {
     QJsonObject object;
 };
 
-/// A file that is there and holds no JSON object (of at most 1 MB) is unreadable and is logged.
+/// A file that is there and holds no JSON object (of at most 1 MB) is unreadable and is logged; so
+/// is one that cannot be looked for, behind a symbolic link that leads nowhere.
 [[nodiscard]] ConfigurationFile readConfigurationFile(const QString &path);
 
 /// Where a file of that name lies: directly in `profile` when there is one, else in the folder

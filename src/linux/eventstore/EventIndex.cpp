@@ -35,8 +35,9 @@ bool EventIndex::isCalendarDeleted(const QString &calendarIdentifier) const {
         return false;
     return std::any_of(m_calendars.knowledge.begin(), m_calendars.knowledge.end(),
                        [&calendarIdentifier](const SourceKnowledge &source) {
-                           return !source.exhaustedPrefix.isEmpty() &&
-                                  calendarIdentifier.startsWith(source.exhaustedPrefix);
+                           return source.deletedCalendars.contains(calendarIdentifier) ||
+                                  (!source.exhaustedPrefix.isEmpty() &&
+                                   calendarIdentifier.startsWith(source.exhaustedPrefix));
                        });
 }
 

@@ -1,5 +1,7 @@
 #include "LiveStore.h"
 
+#include <linux/eventstore/folders/FolderDescription.h>
+
 #include <gmock/gmock.h>
 
 namespace vantrel {
@@ -8,6 +10,7 @@ namespace {
 using namespace tests;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
 
 /// A store on a profile whose calendars.json is edited while it runs.
 class LiveConfigurationTest : public LiveStore {
@@ -137,6 +140,87 @@ TEST_F(LiveConfigurationTest, AFileBehindALinkIsFollowed) {
     EXPECT_THAT(titles(*live), ElementsAre("one"));
     replace(QStringLiteral("dotfiles/calendars.json"), folders({QStringLiteral("two")}));
     expectTitles(ElementsAre("two"));
+}
+
+/// Calendars that are out of sight because it is not known, or no longer said, where they lie. What
+/// counts as deleted drops out of the user's selection for good.
+class UnnamedFolderTest : public LiveConfigurationTest {
+protected:
+    UnnamedFolderTest() {
+        files.write(QStringLiteral("profile/calendars/home/a.ics"),
+                    calendarText(noonEvent("home")));
+        files.write(QStringLiteral("profile/calendars/work/a.ics"),
+                    calendarText(noonEvent("work")));
+    }
+
+    QString identifier(const char *name) const {
+        return identifierOfPath(QFile::encodeName(files.path(QString::fromLatin1(name))));
+    }
+
+    void linkToDotfiles() const {
+        ASSERT_TRUE(QFile::link(files.path(QStringLiteral("dotfiles/calendars.json")),
+                                files.path(QStringLiteral("profile/calendars.json"))));
+    }
+};
+
+TEST_F(UnnamedFolderTest, IsNotDeletedWhileTheFileIsUnlinkedAndWrittenAgain) {
+    edit(folders({QStringLiteral("one")}));
+    beginWithProfile();
+    expectTitles(UnorderedElementsAre("home", "work", "one"));
+    ASSERT_TRUE(QFile::remove(files.path(QStringLiteral("profile/calendars.json"))));
+    expectTitles(UnorderedElementsAre("home", "work"));
+    settleQuiet();
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("one")));
+    edit(folders({QStringLiteral("one")}));
+    expectTitles(UnorderedElementsAre("home", "work", "one"));
+}
+
+TEST_F(UnnamedFolderTest, IsNotDeletedWhenItIsTakenOutOfTheFileAndPutBack) {
+    edit(folders({QStringLiteral("one"), QStringLiteral("two")}));
+    beginWithProfile();
+    edit(folders({QStringLiteral("two")}));
+    expectTitles(UnorderedElementsAre("home", "work", "two"));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("one")));
+    edit(folders({QStringLiteral("one"), QStringLiteral("two")}));
+    expectTitles(UnorderedElementsAre("home", "work", "one", "two"));
+}
+
+TEST_F(UnnamedFolderTest, StaysAsLongAsTheFileIsBehindALinkThatLeadsNowhere) {
+    files.write(QStringLiteral("dotfiles/calendars.json"), folders({QStringLiteral("one")}));
+    linkToDotfiles();
+    beginWithProfile();
+    expectTitles(UnorderedElementsAre("home", "work", "one"));
+    ASSERT_TRUE(QFile::remove(files.path(QStringLiteral("dotfiles/calendars.json"))));
+    settle([this] {
+        queue.advance(Seconds{0.2});
+        return log.has("calendars.json", "not read");
+    });
+    settleQuiet();
+    EXPECT_THAT(titles(*live), UnorderedElementsAre("home", "work", "one"));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("one")));
+}
+
+TEST_F(UnnamedFolderTest, IsNotDeletedAtAStartWithALinkThatLeadsNowhere) {
+    linkToDotfiles();
+    beginWithProfile();
+    expectTitles(UnorderedElementsAre("home", "work"));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("one")));
+    EXPECT_FALSE(live->hasAllCalendars());
+}
+
+TEST_F(UnnamedFolderTest, IsNotDeletedAtAStartWithoutTheFile) {
+    beginWithProfile();
+    expectTitles(UnorderedElementsAre("home", "work"));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("one")));
+}
+
+TEST_F(UnnamedFolderTest, IsToldFromACalendarThatIsDeletedWhereOthersAre) {
+    beginWithProfile();
+    expectTitles(UnorderedElementsAre("home", "work"));
+    ASSERT_TRUE(QDir(files.path(QStringLiteral("profile/calendars/work"))).removeRecursively());
+    expectTitles(ElementsAre("home"));
+    EXPECT_TRUE(live->isCalendarDeleted(identifier("profile/calendars/work")));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("profile/calendars/home")));
 }
 
 TEST_F(LiveConfigurationTest, OtherFilesBesideItAreNone) {

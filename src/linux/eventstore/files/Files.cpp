@@ -99,6 +99,17 @@ bool hasBrokenLink(const QByteArray &folder) {
     return false;
 }
 
+bool isBehindBrokenLink(const QByteArray &path) {
+    struct stat found = {};
+    QByteArray place = absolute(path);
+    while (::lstat(place.constData(), &found) != 0) {
+        if (place == "/")
+            return false;
+        place = folderOf(place);
+    }
+    return S_ISLNK(found.st_mode) && ::stat(place.constData(), &found) != 0;
+}
+
 std::optional<QByteArray> read(const QByteArray &path, std::int64_t limit, int &error) {
     const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat found = {};

@@ -41,6 +41,10 @@ struct Status {
 [[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail,
                                                      int &error);
 
+/// Whether the way to a place that is missing ends at a symbolic link that leads nowhere: there may
+/// well be something once what it leads to, on another disk for instance, is within reach.
+[[nodiscard]] bool isBehindBrokenLink(const QByteArray &path);
+
 /// Whether a name in a folder leads to nothing that can be looked at: a symbolic link whose target
 /// is missing, or is out of reach.
 [[nodiscard]] bool hasBrokenLink(const QByteArray &folder);

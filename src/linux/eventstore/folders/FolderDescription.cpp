@@ -39,11 +39,7 @@ bool hasCalendarSuffix(const QByteArray &name) {
 
 QString identifierOfPath(const QByteArray &path) {
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha1);
-    return identifierPrefix() + QString::fromLatin1(hash.toHex().left(16));
-}
-
-QString identifierPrefix() {
-    return QStringLiteral("folder-");
+    return QStringLiteral("folder-") + QString::fromLatin1(hash.toHex().left(16));
 }
 
 StoreCalendar describeFolder(const QByteArray &path) {

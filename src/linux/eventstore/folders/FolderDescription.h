@@ -14,9 +14,6 @@ namespace vantrel {
 
 [[nodiscard]] QString identifierOfPath(const QByteArray &path);
 
-/// How all of them begin.
-[[nodiscard]] QString identifierPrefix();
-
 /// A folder in the vdir layout: its `displayname` and `color` files, else its own name and a
 /// colour of its own. The source is left open.
 [[nodiscard]] StoreCalendar describeFolder(const QByteArray &path);

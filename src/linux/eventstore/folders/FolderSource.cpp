@@ -49,9 +49,23 @@ std::vector<SourceCalendar> FolderSource::calendars() {
         lookAt(root, round);
     m_changes.endRound();
     m_places = std::move(round.places);
-    const bool isExhausted = round.isComplete && round.isCertain;
-    m_knowledge = {round.isComplete, isExhausted ? identifierPrefix() : QString()};
+    for (const SourceCalendar &one : round.calendars)
+        m_rootOf.insert(one.calendar.calendarIdentifier, one.calendar.source.sourceIdentifier);
+    m_knowledge = {round.isComplete, {}, deletedCalendars(round)};
     return std::move(round.calendars);
+}
+
+/// An identifier does not tell where its calendar lay. So nothing can be told of one that was not
+/// listed since the start, nor of one whose root is no longer named: it may be named again.
+std::set<QString> FolderSource::deletedCalendars(const Round &round) const {
+    std::set<QString> deleted;
+    if (!round.isComplete || !round.isCertain)
+        return deleted;
+    for (auto one = m_rootOf.constBegin(); one != m_rootOf.constEnd(); ++one) {
+        if (round.roots.contains(one.value()) && !round.present.contains(one.key()))
+            deleted.insert(one.key());
+    }
+    return deleted;
 }
 
 void FolderSource::lookAt(const FolderRoot &root, Round &round) {
@@ -61,6 +75,7 @@ void FolderSource::lookAt(const FolderRoot &root, Round &round) {
     const QString name = QFile::decodeName(files::nameOf(path));
     const StoreSource source{identifierOfPath("root:" + path),
                              root.title.isEmpty() ? name : root.title};
+    round.roots.insert(source.sourceIdentifier);
     switch (files::status(path).kind) {
     case files::Kind::folder:
         return lookAtFolder(path, source, root.isCalendarHome, round);
@@ -119,6 +134,7 @@ void FolderSource::passOver(const QByteArray &path, int error, const char *what,
 void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path, bool isFile,
                                Round &round) {
     const files::Status status = files::status(path);
+    round.present.insert(identifierOfPath(path));
     if (!round.seen.emplace(status.device, status.inode).second)
         return;
     SourceCalendar calendar;

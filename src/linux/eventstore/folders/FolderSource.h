@@ -6,6 +6,7 @@
 #include <linux/eventstore/source/ComponentSource.h>
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <set>
@@ -66,6 +67,9 @@ private:
         std::set<std::pair<std::uint64_t, std::uint64_t>> seen; ///< Device and inode.
         std::vector<SourceCalendar> calendars;
         QHash<QString, Place> places; ///< By calendar identifier.
+        QSet<QString> roots;          ///< Identifiers of the sources that are named.
+        /// Identifiers of the calendars that are there, be they listed under another one.
+        QSet<QString> present;
         /// Nothing that was named, or linked to, is missing or cannot be read.
         bool isComplete = true;
         /// Nothing looks like a place where something is to be mounted, either.
@@ -76,6 +80,7 @@ private:
     void lookAtFolder(const QByteArray &path, const StoreSource &source, bool isCalendarHome,
                       Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
+    [[nodiscard]] std::set<QString> deletedCalendars(const Round &round) const;
     void passOver(const QByteArray &path, int error, const char *what, Round &round);
     void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
@@ -85,6 +90,8 @@ private:
     // Of the thread that asks.
     std::vector<FolderRoot> m_roots;
     QHash<QString, Place> m_places; ///< By calendar identifier.
+    /// The root under which each calendar was listed last, since the start; both by identifier.
+    QHash<QString, QString> m_rootOf;
     SourceKnowledge m_knowledge;
     QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.
 };

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace vantrel {
@@ -54,6 +55,9 @@ struct SourceKnowledge {
     /// and any other was deleted. Empty as long as one may just be out of reach: what counts as
     /// deleted drops out of the user's selection for good, and its meetings are missed.
     QString exhaustedPrefix;
+
+    /// The identifiers of single calendars of which the same is certain.
+    std::set<QString> deletedCalendars = {};
 
     bool operator==(const SourceKnowledge &) const = default;
 };

@@ -22,15 +22,30 @@ using namespace tests;
 /// What a source of folders makes of a calendar that it does not find.
 class FolderKnowledgeTest : public ::testing::Test {
 protected:
-    /// One look at the places of those names, the first of which is the home if `hasHome`.
+    /// A look at the places of those names, the first of which is the home if `hasHome`.
     SourceKnowledge known(const QStringList &names, bool hasHome = false) {
         std::vector<FolderRoot> roots;
         for (const QString &name : names)
             roots.push_back({files.path(name), {}, hasHome && roots.empty()});
+        return known(std::move(roots));
+    }
+
+    /// A look at those places and at one more, where a calendar is deleted just before.
+    SourceKnowledge known(std::vector<FolderRoot> roots) {
+        write("shelf/kept/a.ics");
+        write("shelf/deleted/a.ics");
+        roots.push_back({files.path(QStringLiteral("shelf")), {}, false});
         FolderSource source(queue, roots);
         EXPECT_FALSE(source.knowledge().isComplete);
         (void)source.calendars();
+        EXPECT_TRUE(source.knowledge().deletedCalendars.empty());
+        EXPECT_TRUE(QDir(files.path(QStringLiteral("shelf/deleted"))).removeRecursively());
+        (void)source.calendars();
         return source.knowledge();
+    }
+
+    QString identifier(const char *name) const {
+        return identifierOfPath(QFile::encodeName(files.path(QString::fromLatin1(name))));
     }
 
     void write(const char *name) {
@@ -38,12 +53,13 @@ protected:
                     calendarText(event("a", "DTSTART:20260302T090000Z\n")));
     }
 
-    const SourceKnowledge exhausted{true, identifierPrefix()};
-    const SourceKnowledge uncertain{true, {}};
-    const SourceKnowledge incomplete{false, {}};
-
     CapturedLog log;
     CalendarFiles files;
+
+    const SourceKnowledge exhausted{true, {}, {identifier("shelf/deleted")}};
+    const SourceKnowledge uncertain{true, {}, {}};
+    const SourceKnowledge incomplete{false, {}, {}};
+
     fakes::ManualMainQueue queue{fakes::at("2026-03-02T08:00:00")};
 };
 
@@ -103,16 +119,54 @@ TEST_F(FolderKnowledgeTest, WaitsForPlacesThatWereNamedWhereNobodyCouldReadIt) {
          {"{\"folders\": [", "[]", "{\"folders\": \"/usb\"}", "{\"folders\": [\"/usb\", 1]}"}) {
         files.write(QStringLiteral("profile/calendars.json"), text);
         write("profile/calendars/work/a.ics");
-        FolderSource source(
-            queue, StoreConfiguration::ofUser(files.path(QStringLiteral("profile"))).roots);
-        (void)source.calendars();
-        EXPECT_EQ(source.knowledge(), incomplete) << text;
+        const auto configuration =
+            StoreConfiguration::ofUser(files.path(QStringLiteral("profile")));
+        EXPECT_EQ(known(configuration.roots), incomplete) << text;
     }
     files.write(QStringLiteral("profile/calendars.json"), "{\"folders\": []}");
-    FolderSource source(queue,
-                        StoreConfiguration::ofUser(files.path(QStringLiteral("profile"))).roots);
+    const auto configuration = StoreConfiguration::ofUser(files.path(QStringLiteral("profile")));
+    EXPECT_EQ(known(configuration.roots), exhausted);
+}
+
+TEST_F(FolderKnowledgeTest, TellsNothingOfACalendarWhosePlaceIsNoLongerNamed) {
+    write("home/work/a.ics");
+    write("other/a.ics");
+    const FolderRoot homeRoot{files.path(home), {}, true};
+    const FolderRoot other{files.path(QStringLiteral("other")), {}, false};
+    FolderSource source(queue, {homeRoot, other});
     (void)source.calendars();
-    EXPECT_EQ(source.knowledge(), exhausted);
+    source.setRoots({homeRoot});
+    (void)source.calendars();
+    EXPECT_EQ(source.knowledge(), uncertain);
+}
+
+TEST_F(FolderKnowledgeTest, TellsOfACalendarThatWentWhileItsPlaceWasNotNamed) {
+    write("home/work/a.ics");
+    write("other/one/a.ics");
+    write("other/two/a.ics");
+    const FolderRoot homeRoot{files.path(home), {}, true};
+    const FolderRoot other{files.path(QStringLiteral("other")), {}, false};
+    FolderSource source(queue, {homeRoot, other});
+    (void)source.calendars();
+    source.setRoots({homeRoot});
+    (void)source.calendars();
+    ASSERT_TRUE(QDir(files.path(QStringLiteral("other/two"))).removeRecursively());
+    source.setRoots({homeRoot, other});
+    (void)source.calendars();
+    EXPECT_EQ(source.knowledge().deletedCalendars, std::set{identifier("other/two")});
+}
+
+TEST_F(FolderKnowledgeTest, DoesNotTakeACalendarForDeletedThatIsListedAtAnotherPath) {
+    write("home/work/a.ics");
+    write("home/play/a.ics");
+    ASSERT_TRUE(QFile::link(files.path(home), files.path(QStringLiteral("link"))));
+    const FolderRoot homeRoot{files.path(home), {}, true};
+    const FolderRoot link{files.path(QStringLiteral("link")), {}, false};
+    FolderSource source(queue, {homeRoot, link});
+    (void)source.calendars();
+    source.setRoots({link, homeRoot});
+    EXPECT_EQ(source.calendars().front().calendar.calendarIdentifier, identifier("link/play"));
+    EXPECT_EQ(source.knowledge(), uncertain);
 }
 
 TEST_F(FolderKnowledgeTest, DoesNotMindAFolderAmongItemsThatHoldsOtherThings) {
