@@ -167,6 +167,13 @@ TEST_F(EvolutionStore, AnswersLikeAFolderWithTheSameCalendars) {
     EXPECT_THAT(descriptions(*store), ::testing::ElementsAreArray(descriptions(*folder)));
 }
 
+TEST_F(EvolutionStore, TakesAZoneThatTheCalendarDoesNotKnowForNoFailure) {
+    put(event("unknown", "DTSTART;TZID=Nowhere At All:20260302T100000\nSUMMARY:Unknown\n"));
+    begin();
+    settleTitles(ElementsAre("Unknown"), "the event");
+    EXPECT_EQ(log.text().find("a time zone cannot be read"), std::string::npos) << log.text();
+}
+
 TEST_F(EvolutionStore, ShowsTheNextWeeksAsTheWindowMovesOn) {
     put(daily());
     put(event("april", "DTSTART:20260408T100000Z\nSUMMARY:In April\n"));

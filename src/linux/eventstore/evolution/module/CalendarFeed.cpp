@@ -78,7 +78,8 @@ void CalendarFeed::adopt(ECalClient *client) {
     g_signal_connect(client, "backend-died", G_CALLBACK(backendDied), this);
     g_signal_connect(client, "backend-error", G_CALLBACK(backendFailed), this);
     g_signal_connect(client, "notify::readonly", G_CALLBACK(readOnlyChanged), this);
-    m_zones = std::make_shared<ZoneTexts>(client, m_cancellable.get());
+    m_zones = std::make_shared<ZoneTexts>(client, m_cancellable.get(),
+                                          m_surroundings.table.title(m_identifier));
     readOnlyChanged(E_CLIENT(client), nullptr, this);
     askForAddresses();
     watchSeries();

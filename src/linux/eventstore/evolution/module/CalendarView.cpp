@@ -251,15 +251,17 @@ void CalendarView::keep(const QByteArray &uid, CalendarItem item, const QByteArr
     const QByteArrayList unusual = m_zones->unusual(zones);
     if (unusual.isEmpty())
         return finishLoading(uid);
-    m_zones->get(unusual,
-                 [weak = weak_from_this(), uid, number = entry.number](const QByteArray &texts) {
-                     const auto self = weak.lock();
-                     Entry *const asking = self ? self->find(uid, number) : nullptr;
-                     if (!asking)
-                         return;
-                     asking->item.zones = texts;
-                     self->finishLoading(uid);
-                 });
+    m_zones->get(unusual, [weak = weak_from_this(), uid,
+                           number = entry.number](const QByteArray &texts, bool isWhole) {
+        const auto self = weak.lock();
+        Entry *const asking = self ? self->find(uid, number) : nullptr;
+        if (!asking)
+            return;
+        asking->item.zones = texts;
+        if (!isWhole)
+            self->askAgainLater(uid);
+        self->finishLoading(uid);
+    });
 }
 
 void CalendarView::finishLoading(const QByteArray &uid) {
@@ -271,6 +273,18 @@ void CalendarView::finishLoading(const QByteArray &uid) {
     if (std::exchange(entry.isOutdated, false))
         load(uid);
     checkFilled();
+}
+
+/// Until then its times are taken for local ones.
+void CalendarView::askAgainLater(const QByteArray &uid) {
+    m_unsure.insert(uid);
+    if (m_retry.isRunning())
+        return;
+    m_retry.startFor(m_pause.next(), [this] {
+        const auto keepAlive = shared_from_this();
+        for (const QByteArray &one : std::exchange(m_unsure, {}))
+            refresh(one);
+    });
 }
 
 /// What came was overtaken before it was there.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "AnswerTable.h"
+#include "ContextTimer.h"
 #include "GObjects.h"
 
+#include <linux/eventstore/evolution/Pace.h>
 #include <linux/eventstore/ical/Window.h>
 
 #include <QByteArray>
@@ -78,6 +80,7 @@ private:
     void fetch(const QByteArray &uid, std::uint64_t number);
     void finishFetch(const QByteArray &uid, std::uint64_t number, GAsyncResult *result);
     void loadAgain(const QByteArray &uid);
+    void askAgainLater(const QByteArray &uid);
     void keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones);
     void finishLoading(const QByteArray &uid);
     void forget(const QByteArray &uid);
@@ -95,6 +98,9 @@ private:
     int m_loading = 0;         ///< Entries.
     bool m_isComplete = false; ///< The service has listed everything.
     bool m_isFilled = false;
+    std::set<QByteArray> m_unsure; ///< A zone of theirs could not be read.
+    ContextTimer m_retry;          ///< Of those.
+    RetryPause m_pause;
 };
 
 } // namespace vantrel

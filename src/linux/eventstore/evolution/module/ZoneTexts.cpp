@@ -2,13 +2,29 @@
 
 #include "Async.h"
 
+#include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
+
 #include <algorithm>
 #include <utility>
 
 namespace vantrel {
 
-ZoneTexts::ZoneTexts(ECalClient *client, GCancellable *cancellable)
-    : m_client(anotherReference(client)), m_cancellable(anotherReference(cancellable)) {}
+namespace {
+
+/// Anything else, a timeout for instance, says nothing about the zone.
+bool isUnknown(const Failure &failure) {
+    return failure.is(E_CAL_CLIENT_ERROR, E_CAL_CLIENT_ERROR_OBJECT_NOT_FOUND) ||
+           failure.is(E_CAL_CLIENT_ERROR, E_CAL_CLIENT_ERROR_INVALID_OBJECT) ||
+           failure.is(E_CLIENT_ERROR, E_CLIENT_ERROR_NOT_SUPPORTED);
+}
+
+} // namespace
+
+ZoneTexts::ZoneTexts(ECalClient *client, GCancellable *cancellable, QString title)
+    : m_client(anotherReference(client)),
+      m_cancellable(anotherReference(cancellable)),
+      m_title(std::move(title)) {}
 
 QByteArrayList ZoneTexts::unusual(const QByteArrayList &names) {
     QByteArrayList result;
@@ -19,9 +35,9 @@ QByteArrayList ZoneTexts::unusual(const QByteArrayList &names) {
     return result;
 }
 
-void ZoneTexts::get(const QByteArrayList &names, std::function<void(const QByteArray &)> take) {
+void ZoneTexts::get(const QByteArrayList &names, Take take) {
     for (const QByteArray &name : names) {
-        if (!m_texts.contains(name) && m_asked.emplace(name, true).second)
+        if (!m_texts.contains(name) && m_asked.insert(name).second)
             ask(name);
     }
     m_waiting.push_back({names, std::move(take)});
@@ -39,31 +55,49 @@ void ZoneTexts::ask(const QByteArray &name) {
             const auto self = weak.lock();
             if (!self)
                 return;
-            QByteArray &text = self->m_texts[name];
+            self->m_asked.erase(name);
+            if (!failure || isUnknown(failure))
+                self->m_texts[name] = {};
+            else
+                self->noteFailure(failure.message());
             if (zone) {
                 const Reference<ICalComponent> component(i_cal_timezone_get_component(zone));
                 if (component)
-                    text = takeText(i_cal_component_as_ical_string(component.get()));
+                    self->m_texts[name] = takeText(i_cal_component_as_ical_string(component.get()));
             }
             self->serve();
         }));
 }
 
+void ZoneTexts::noteFailure(const QByteArray &reason) {
+    if (!std::exchange(m_isFailureLogged, true))
+        qCWarning(eventStoreLog).noquote().nospace()
+            << logText(m_title)
+            << ": a time zone cannot be read: " << logText(QString::fromUtf8(reason))
+            << "; it will be asked for again";
+}
+
 void ZoneTexts::serve() {
-    const auto isKnown = [this](const Waiting &one) {
-        return std::all_of(one.names.begin(), one.names.end(),
-                           [this](const QByteArray &name) { return m_texts.contains(name); });
+    const auto isAnswered = [this](const Waiting &one) {
+        return std::none_of(one.names.begin(), one.names.end(),
+                            [this](const QByteArray &name) { return m_asked.contains(name); });
     };
     const auto served = std::stable_partition(m_waiting.begin(), m_waiting.end(),
-                                              [&](const auto &one) { return !isKnown(one); });
+                                              [&](const auto &one) { return !isAnswered(one); });
     const std::vector<Waiting> ready(std::make_move_iterator(served),
                                      std::make_move_iterator(m_waiting.end()));
     m_waiting.erase(served, m_waiting.end());
     for (const Waiting &one : ready) {
         QByteArray texts; // Shares the text where it is a single one, as nearly always.
-        for (const QByteArray &name : one.names)
-            texts = texts.isEmpty() ? m_texts[name] : texts + m_texts[name];
-        one.take(texts);
+        bool isWhole = true;
+        for (const QByteArray &name : one.names) {
+            const auto known = m_texts.find(name);
+            if (known == m_texts.end())
+                isWhole = false;
+            else
+                texts = texts.isEmpty() ? known->second : texts + known->second;
+        }
+        one.take(texts, isWhole);
     }
 }
 
