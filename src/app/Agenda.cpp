@@ -52,7 +52,7 @@ QJsonValue calendarTitle(const UpcomingEvent &event, const EventStore &store) {
 
 } // namespace
 
-QByteArray Agenda::json(const std::vector<UpcomingEvent> &events, Instant now,
+QByteArray Agenda::json(const std::vector<UpcomingEvent> &events, Instant now, Extent extent,
                         const EventStore &store, const LocalCalendar &calendar) {
     QJsonArray array;
     for (const UpcomingEvent &event : events) {
@@ -70,8 +70,9 @@ QByteArray Agenda::json(const std::vector<UpcomingEvent> &events, Instant now,
             {QStringLiteral("detailPreview"), orNull(event.detailPreview())},
         });
     }
-    return jsonOutput(
-        {{QStringLiteral("now"), isoText(now, calendar)}, {QStringLiteral("events"), array}});
+    return jsonOutput({{QStringLiteral("now"), isoText(now, calendar)},
+                       {QStringLiteral("isComplete"), extent == Extent::whole},
+                       {QStringLiteral("events"), array}});
 }
 
 QByteArray Agenda::text(const std::vector<UpcomingEvent> &events, const LocalCalendar &calendar) {

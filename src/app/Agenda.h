@@ -14,9 +14,13 @@ namespace vantrel {
 struct Agenda {
     Agenda() = delete;
 
-    /// One JSON object with "now" and "events", in UTF-8 with a line break at the end. Its members
-    /// are a stable interface: see docs/agenda.md. `store` names the calendar of each event.
-    static QByteArray json(const std::vector<UpcomingEvent> &events, Instant now,
+    /// Whether all calendars were read, or some are out of reach.
+    enum class Extent { whole, partial };
+
+    /// One JSON object with "now", "events" and "isComplete", in UTF-8 with a line break at the
+    /// end. Its members are a stable interface: see docs/agenda.md. `store` names the calendar of
+    /// each event.
+    static QByteArray json(const std::vector<UpcomingEvent> &events, Instant now, Extent extent,
                            const EventStore &store, const LocalCalendar &calendar);
 
     /// Lines under a heading for each day, in UTF-8, without any control character but the line

@@ -2,6 +2,7 @@
 #include "AppCoordinator.h"
 #include "CalendarList.h"
 #include "CommandLine.h"
+#include "Output.h"
 
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
@@ -148,6 +149,16 @@ std::optional<QString> whyNothingIsRead(StoreAuthorization authorization) {
     Q_UNREACHABLE();
 }
 
+/// Says on standard error what keeps the list from being whole.
+Agenda::Extent reportedExtent(const LocalEventStore &store) {
+    QStringList reasons = store.troubles();
+    if (reasons.isEmpty() && !store.hasAllCalendars())
+        reasons.append(QStringLiteral("not every calendar could be read; events may be missing"));
+    for (const QString &reason : reasons)
+        print(stderr, QStringLiteral("vantrel: %1\n").arg(printable(reason)).toUtf8());
+    return reasons.isEmpty() ? Agenda::Extent::whole : Agenda::Extent::partial;
+}
+
 int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
     const QCoreApplication application(argc, argv);
     if (const auto path = unreadable(command.calendars))
@@ -162,6 +173,7 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
         isOwn ? StoreConfiguration::ofUser(command.profile)
               : StoreConfiguration::ofPaths(command.calendars, command.profile);
     configuration.fixedWindow = {now, now + command.horizon};
+    configuration.leaveOutMissingService();
     LocalEventStore store(
         queue, configuration, currentCalendar,
         isOwn ? std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), nullptr)
@@ -169,11 +181,12 @@ int printAgenda(int &argc, char **argv, const PrintAgenda &command) {
     if (const auto reason = whyNothingIsRead(store.authorizationStatus()))
         return fail(failed, *reason + QStringLiteral(", or name calendars with --calendars"));
     store.loadNow();
+    const Agenda::Extent extent = reportedExtent(store);
 
     JsonUserDefaults defaults(settingsFile(command.profile));
     const auto events = UpcomingEventsQuery(store).fetchUpcoming(
         isOwn ? selectedCalendars(defaults, store) : everyCalendar(store), now, command.horizon);
-    return show(command.asJson ? Agenda::json(events, now, store, currentCalendar())
+    return show(command.asJson ? Agenda::json(events, now, extent, store, currentCalendar())
                                : Agenda::text(events, currentCalendar()));
 }
 

@@ -30,7 +30,8 @@ protected:
     }
 
     QJsonObject json(const std::vector<UpcomingEvent> &events, const char *zone) {
-        const QByteArray bytes = Agenda::json(events, now, store, calendarIn(zone));
+        const QByteArray bytes =
+            Agenda::json(events, now, Agenda::Extent::whole, store, calendarIn(zone));
         EXPECT_TRUE(bytes.endsWith('\n'));
         return QJsonDocument::fromJson(bytes).object();
     }
@@ -102,6 +103,13 @@ TEST_F(AgendaTest, GivesAnEmptyListWhenNothingComes) {
     EXPECT_TRUE(object[u"events"].isArray());
     EXPECT_TRUE(object[u"events"].toArray().isEmpty());
     EXPECT_EQ(Agenda::text({}, calendarIn()), QByteArray());
+}
+
+TEST_F(AgendaTest, TellsWhetherItIsComplete) {
+    EXPECT_EQ(json({}, "UTC")[u"isComplete"], QJsonValue(true));
+    const QByteArray partial =
+        Agenda::json({}, now, Agenda::Extent::partial, store, calendarIn("UTC"));
+    EXPECT_EQ(QJsonDocument::fromJson(partial).object()[u"isComplete"], QJsonValue(false));
 }
 
 TEST_F(AgendaTest, GroupsTextByDay) {

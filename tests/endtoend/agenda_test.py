@@ -41,7 +41,8 @@ class AgendaTest(unittest.TestCase):
         return file
 
     def run_vantrel(self, *arguments, zone="Europe/Zurich"):
-        environment = {"PATH": os.environ["PATH"], "HOME": str(self.home), "TZ": zone, "LC_ALL": "C.UTF-8"}
+        environment = {"PATH": os.environ["PATH"], "HOME": str(self.home), "TZ": zone, "LC_ALL": "C.UTF-8",
+                       "XDG_DATA_DIRS": str(self.folder / "share")}
         return subprocess.run([VANTREL, *map(str, arguments)], env=environment, capture_output=True,
                               text=True, timeout=30, check=False)
 
@@ -64,6 +65,7 @@ class AgendaTest(unittest.TestCase):
             "DESCRIPTION:Join https://us02web.zoom.us/j/123?pwd=x or dial +41 44 668 18 00.")))
         answer = self.agenda(work, more=["--horizon", "86400"])
         self.assertEqual(answer["now"], "2026-03-02T08:00:00+01:00")
+        self.assertIs(answer["isComplete"], True)
         self.assertEqual(len(answer["events"]), 1)
         found = answer["events"][0]
         self.assertRegex(found.pop("id"), r"^[^|]+\|794134800$")
@@ -165,6 +167,45 @@ class AgendaTest(unittest.TestCase):
                    calendar(event("a", "DTSTART:20260302T090000Z")))
         self.assertEqual(self.starts(), ["2026-03-02T10:00:00+01:00"])
         self.assertFalse((self.home / ".config/Vantrel/settings.json").exists())
+
+    def own_agenda(self):
+        self.grant("home/.config/Vantrel")
+        self.write("home/.local/share/Vantrel/calendars/work/a.ics",
+                   calendar(event("a", "DTSTART:20260302T090000Z")))
+        result = self.run_vantrel("agenda", "--json", "--now", "2026-03-02T07:00:00Z")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        answer = json.loads(result.stdout)
+        self.assertEqual(len(answer["events"]), 1)
+        return answer["isComplete"], result.stderr
+
+    def test_is_complete_where_no_service_of_accounts_is_installed(self):
+        self.assertEqual(self.own_agenda(), (True, ""))
+
+    def test_says_that_a_folder_is_missing(self):
+        self.write("home/.config/Vantrel/calendars.json", json.dumps({"folders": [str(self.folder / "usb")]}))
+        is_complete, errors = self.own_agenda()
+        self.assertFalse(is_complete)
+        self.assertIn("vantrel: not every calendar could be read", errors)
+        result = self.run_vantrel("agenda", "--now", "2026-03-02T07:00:00Z")
+        self.assertEqual(result.returncode, 0)
+        self.assertIn("10:00", result.stdout)
+        self.assertIn("vantrel: not every calendar could be read", result.stderr)
+
+    def test_says_that_the_folders_are_not_known(self):
+        (self.home / ".config/Vantrel").mkdir(parents=True)
+        (self.home / ".config/Vantrel/calendars.json").symlink_to(self.folder / "unmounted/calendars.json")
+        is_complete, errors = self.own_agenda()
+        self.assertFalse(is_complete)
+        self.assertIn("vantrel: not every calendar could be read", errors)
+
+    def test_says_why_accounts_are_not_read(self):
+        if not (pathlib.Path(VANTREL).parent / "vantrel-evolution.so").exists():
+            self.skipTest("this build reads no accounts")
+        self.write("share/dbus-1/services/org.gnome.evolution.dataserver.Sources5.service", "")
+        is_complete, errors = self.own_agenda()
+        self.assertFalse(is_complete)
+        self.assertEqual(errors.count("vantrel: "), 1, errors)
+        self.assertIn("vantrel: Accounts of this desktop are not shown: there is no session bus.\n", errors)
 
     def test_shows_the_rest_of_a_calendar_with_a_bad_file(self):
         self.write("work/bad.ics", "BEGIN:VCALENDAR\r\nBEGIN:VEVENT\r\nDTSTART:2026")

@@ -98,6 +98,11 @@ void StoreConfiguration::take(const QJsonObject &object) {
         addresses.append(plainAddress(address));
 }
 
+void StoreConfiguration::leaveOutMissingService() {
+    if (evolutionModule && !EvolutionSource::isInstalled(*evolutionModule))
+        evolutionModule.reset();
+}
+
 std::vector<CalendarPlace> StoreConfiguration::places() const {
     std::vector<CalendarPlace> places;
     for (const FolderRoot &root : roots) {

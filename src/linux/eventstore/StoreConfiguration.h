@@ -53,6 +53,10 @@ struct StoreConfiguration {
     /// of one with a file alone.
     [[nodiscard]] std::optional<StoreConfiguration> readAgain() const;
 
+    /// Has the desktop's accounts left alone where their service is not installed, without a word
+    /// on them: for a question that is asked often, of a machine where none can be.
+    void leaveOutMissingService();
+
     /// What would be read, by name, for a person: the roots, without a look at them, and the
     /// accounts of the desktop as they are set up.
     [[nodiscard]] std::vector<CalendarPlace> places() const;
