@@ -11,11 +11,14 @@
 #include <QMetaObject>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
 
 namespace {
+
+constexpr Seconds waitSlice{0.05};
 
 /// The bus is not asked, since it may take its time: it starts what these files name.
 bool isServiceInstalled() {
@@ -114,12 +117,18 @@ ComponentSource *EvolutionSource::live() const {
 }
 
 void EvolutionSource::waitUntilDelivered(Seconds limit) {
+    // In slices, since no clock is read here: what is left of the limit is for the delivery.
+    Seconds left = limit;
     {
         std::unique_lock lock(m_mutex);
-        m_wasOpened.wait_for(lock, limit, [this] { return m_isOpened; });
+        while (!m_isOpened && left > Seconds::zero()) {
+            const Seconds slice = std::min(left, waitSlice);
+            if (!m_wasOpened.wait_for(lock, slice, [this] { return m_isOpened; }))
+                left -= slice;
+        }
     }
     if (ComponentSource *const source = live())
-        source->waitUntilDelivered(limit);
+        source->waitUntilDelivered(left);
 }
 
 std::vector<SourceCalendar> EvolutionSource::calendars() {
