@@ -3,6 +3,7 @@
 #include "Async.h"
 
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <utility>
 
@@ -169,7 +170,7 @@ void AccountRegistry::fail(const QByteArray &reason) {
 
 void AccountRegistry::noteTrouble(const QByteArray &reason) {
     if (std::exchange(m_trouble, reason) != reason)
-        qCWarning(eventStoreLog).noquote() << QString::fromUtf8(reason);
+        qCWarning(eventStoreLog).noquote() << logText(QString::fromUtf8(reason));
 }
 
 void AccountRegistry::noteReturn() {

@@ -7,6 +7,7 @@
 #include "ZoneTexts.h"
 
 #include <linux/eventstore/source/StoreLog.h>
+#include <platform/LogText.h>
 
 #include <utility>
 
@@ -43,8 +44,12 @@ void CalendarFeed::setWindow(Window window) {
     if (window == m_window)
         return;
     m_window = window;
-    if (m_client && (m_view || m_next))
-        m_ticket = m_surroundings.slots.ask([this] { openView(); });
+    if (!m_client || (!m_view && !m_next))
+        return; // The view that is still to be opened takes this window.
+    // Were the last one to be filled now, it would give up the place in the line with its slot.
+    m_next.reset();
+    m_deadline.stop();
+    m_ticket = m_surroundings.slots.ask([this] { openView(); });
 }
 
 void CalendarFeed::queue() {
@@ -118,7 +123,6 @@ void CalendarFeed::watchSeries() {
 }
 
 void CalendarFeed::openView() {
-    noteProgress();
     CalendarView::Listener listener;
     listener.progressed = [this] { noteProgress(); };
     listener.filled = [this] { take(); };
@@ -129,6 +133,7 @@ void CalendarFeed::openView() {
     };
     listener.failed = [this](const QByteArray &message) { fail("cannot be read: " + message); };
     m_next = std::make_shared<CalendarView>(m_client.get(), m_zones, std::move(listener));
+    noteProgress(); // Which counts while there is something to wait for.
     m_next->open(m_window);
 }
 
@@ -141,7 +146,7 @@ void CalendarFeed::take() {
     m_steady.startFor(steadyTime, [this] { m_pause.reset(); });
     if (std::exchange(m_isTrouble, false))
         qCInfo(eventStoreLog).noquote()
-            << m_surroundings.table.title(m_identifier) + QStringLiteral(": is back");
+            << logText(m_surroundings.table.title(m_identifier)) + QStringLiteral(": is back");
 }
 
 void CalendarFeed::noteProgress() {
@@ -154,8 +159,8 @@ void CalendarFeed::fail(const QByteArray &reason) {
     const auto keepAlive = shared_from_this();
     if (!std::exchange(m_isTrouble, true))
         qCWarning(eventStoreLog).noquote().nospace()
-            << m_surroundings.table.title(m_identifier) << ": " << QString::fromUtf8(reason)
-            << "; what was read last stays";
+            << logText(m_surroundings.table.title(m_identifier)) << ": "
+            << logText(QString::fromUtf8(reason)) << "; what was read last stays";
     noteIf(m_surroundings.table.settle(m_identifier));
     disconnect();
     m_retry.startFor(m_pause.next(), [this] { queue(); });
@@ -188,8 +193,8 @@ void CalendarFeed::backendFailed(EClient * /*client*/, const gchar *message, gpo
         return;
     feed->m_lastBackendError = message;
     qCWarning(eventStoreLog).noquote().nospace()
-        << feed->m_surroundings.table.title(feed->m_identifier) << ": "
-        << QString::fromUtf8(message);
+        << logText(feed->m_surroundings.table.title(feed->m_identifier)) << ": "
+        << logText(QString::fromUtf8(message));
 }
 
 void CalendarFeed::readOnlyChanged(EClient *client, GParamSpec * /*property*/, gpointer self) {
