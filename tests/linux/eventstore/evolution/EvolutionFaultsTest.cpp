@@ -45,6 +45,16 @@ TEST_F(EvolutionFaults, KeepsWhatIsThereWhileTheFactoryIsGoneAndFollowsWhenItIsB
     EXPECT_EQ(linesWith("Personal: "), 2U) << "one line for each state\n" << log.text();
 }
 
+TEST_F(EvolutionFaults, WritesACalendarsNameSoThatItCannotDriveATerminal) {
+    session.write(
+        {QStringLiteral("add-source"), QStringLiteral("team"), QStringLiteral("Te\u001b[31mam")});
+    begin();
+    settle([this] { return store->calendars().size() > 1; }, "the calendar");
+    kill(QStringLiteral("evolution-calendar-factory"));
+    settle([this] { return linesWith("Te\\x1b[31mam: ") > 0; }, "the log names it");
+    EXPECT_EQ(linesWith("\x1b"), 0U);
+}
+
 TEST_F(EvolutionFaults, KeepsTheCalendarsWhileTheRegistryIsGoneAndHearsOfOthersAfterwards) {
     putOne();
     begin();
@@ -74,9 +84,12 @@ TEST_F(EvolutionFaultsOnGLib, SurvivesTheSessionBusAndUsesTheNextOne) {
     session.endBus();
     settle([this] { return linesWith("the session bus has gone") > 0; }, "the log says so");
     EXPECT_THAT(titles(), ElementsAre("One"));
-    EXPECT_TRUE(store->troubles().join(u' ').contains(QLatin1String("does not answer")));
+    settle(
+        [this] { return store->troubles().join(u' ').contains(QLatin1String("does not answer")); },
+        "people are told");
     session.startBus();
     settle([this] { return linesWith("is back") > 0; }, "accounts are back");
+    settle([this] { return store->troubles().empty(); }, "the trouble has gone");
     putTwo();
     settleTitles(ElementsAre("One", "Two"), "changes arrive again");
 }

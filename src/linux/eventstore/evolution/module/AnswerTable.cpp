@@ -111,16 +111,22 @@ bool AnswerTable::settle(const QString &calendar) {
     return isSettled(); // Which is when the knowledge grows.
 }
 
-void AnswerTable::settleRegistry(bool isHeard) {
+bool AnswerTable::settleRegistry(bool isHeard) {
     const std::lock_guard lock(m_mutex);
+    const bool wasComplete = isComplete();
     m_isRegistryHeard = m_isRegistryHeard || isHeard;
     m_isRegistrySettled = true;
     m_settled.notify_all();
+    return isComplete() != wasComplete;
 }
 
-void AnswerTable::setTrouble(const QString &trouble) {
+bool AnswerTable::setTrouble(const QString &trouble) {
     const std::lock_guard lock(m_mutex);
-    m_trouble = trouble;
+    return std::exchange(m_trouble, trouble) != trouble;
+}
+
+bool AnswerTable::isComplete() const {
+    return m_isRegistryHeard && isSettled();
 }
 
 bool AnswerTable::isSettled() const {
@@ -151,7 +157,7 @@ std::vector<SourceCalendar> AnswerTable::calendars() {
 
 SourceKnowledge AnswerTable::knowledge() const {
     const std::lock_guard lock(m_mutex);
-    if (!m_isRegistryHeard || !isSettled())
+    if (!isComplete())
         return {};
     return {true, m_exhaustedPrefix};
 }

@@ -47,9 +47,9 @@ public:
     /// It has delivered for the first time, or will not for now.
     bool settle(const QString &calendar);
     /// The registry has been heard, or will not be for now.
-    void settleRegistry(bool isHeard);
+    bool settleRegistry(bool isHeard);
     /// For people; empty when there is none.
-    void setTrouble(const QString &trouble);
+    bool setTrouble(const QString &trouble);
 
     // Any thread.
 
@@ -74,6 +74,7 @@ private:
 
     [[nodiscard]] Calendar *find(const QString &calendar);
     [[nodiscard]] bool isSettled() const;
+    [[nodiscard]] bool isComplete() const;
 
     mutable std::mutex m_mutex;
     std::condition_variable m_settled;

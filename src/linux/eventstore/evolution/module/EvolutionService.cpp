@@ -28,7 +28,8 @@ void EvolutionService::start() {
 }
 
 void EvolutionService::take(SourceList list) {
-    m_table.setTrouble({});
+    if (m_table.setTrouble({}))
+        noteChange();
     std::vector<SourceCalendar> calendars;
     for (const ListedSource &listed : list.calendars)
         calendars.push_back(listed.calendar);
@@ -47,7 +48,8 @@ void EvolutionService::take(SourceList list) {
             CalendarFeed::Surroundings{m_table, m_slots, [this] { noteChange(); }});
         feed->start(m_window);
     }
-    m_table.settleRegistry(true);
+    if (m_table.settleRegistry(true))
+        noteChange();
 }
 
 void EvolutionService::lose() {
