@@ -33,7 +33,9 @@ protected:
         const PanelContent content =
             consentContent(*m_viewModel, QVariant::fromValue(ThemePalette()));
         if (size.isEmpty()) {
-            const gallery::Stage measure(content, {500, 500});
+            const gallery::Stage measure(content, {1, 1});
+            // The height hangs on how the texts break at that width.
+            measure.root().setWidth(measure.root().implicitWidth());
             size = QSizeF(measure.root().implicitWidth(), measure.root().implicitHeight()).toSize();
         }
         m_stage = std::make_unique<gallery::Stage>(content, size);
