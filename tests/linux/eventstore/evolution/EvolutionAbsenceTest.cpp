@@ -79,7 +79,7 @@ TEST_F(EvolutionAbsence, LoadsNoLibraryOfTheServiceWhereItIsNotInstalled) {
     const QByteArray loaded = maps.readAll();
     EXPECT_TRUE(loaded.contains("libQt6Core"));
     EXPECT_FALSE(loaded.contains("libecal"));
-    EXPECT_FALSE(loaded.contains("libgio"));
+    EXPECT_FALSE(loaded.contains("libedataserver"));
 }
 
 } // namespace
