@@ -34,7 +34,7 @@ public:
         : m_queue(queue), m_shown(std::move(shown)) {}
 
     std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
-                                              const PanelContent &content) override {
+                                              const ViewContent &content) override {
         m_shown(m_queue.now());
         return RecordingPanels::makePanel(screen, role, content);
     }

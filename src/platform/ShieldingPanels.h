@@ -3,23 +3,14 @@
 #include "Published.h"
 #include "ScreenLayout.h"
 #include "Time.h"
+#include "ViewContent.h"
 
 #include <QString>
-#include <QVariantMap>
 
 #include <functional>
 #include <memory>
 
 namespace vantrel {
-
-/// What a panel shows: an element of a QML module, made with these required properties. Objects
-/// among the properties must outlive the panel. An element with a property `reducedMotion` gets it
-/// set where the desktop asks programs to move nothing.
-struct PanelContent {
-    QString module;   ///< "Vantrel.Takeover", say.
-    QString typeName; ///< "TakeoverView", say.
-    QVariantMap properties;
-};
 
 enum class PanelRole {
     interactive, ///< Takes the keyboard and the clicks.
@@ -58,7 +49,7 @@ public:
 
     /// The panel is not shown yet. Null when the monitor has gone.
     [[nodiscard]] virtual std::unique_ptr<ShieldingPanel>
-    makePanel(const Screen &screen, PanelRole role, const PanelContent &content) = 0;
+    makePanel(const Screen &screen, PanelRole role, const ViewContent &content) = 0;
 
     /// Answers true for a key that it consumed; any other goes on to the panel's content.
     using KeyHandler = std::function<bool(const KeyPress &)>;

@@ -11,7 +11,7 @@ namespace vantrel {
 
 namespace {
 
-PanelContent content(const QString &typeName, QVariantMap properties, const Palette &palette) {
+ViewContent content(const QString &typeName, QVariantMap properties, const Palette &palette) {
     // Referring to the function is enough; the engine calls it when the module is imported.
     [[maybe_unused]] static void (*const volatile registration)() =
         &qml_register_types_Vantrel_Takeover;
@@ -22,12 +22,12 @@ PanelContent content(const QString &typeName, QVariantMap properties, const Pale
 
 } // namespace
 
-PanelContent takeoverViewContent(TakeoverViewModel &viewModel, const Palette &palette) {
+ViewContent takeoverViewContent(TakeoverViewModel &viewModel, const Palette &palette) {
     return content(QStringLiteral("TakeoverView"),
                    {{QStringLiteral("viewModel"), QVariant::fromValue(&viewModel)}}, palette);
 }
 
-PanelContent takeoverEchoContent(const QString &title, const Palette &palette) {
+ViewContent takeoverEchoContent(const QString &title, const Palette &palette) {
     return content(QStringLiteral("TakeoverEchoView"),
                    {{QStringLiteral("title"), displayTitle(title)}}, palette);
 }

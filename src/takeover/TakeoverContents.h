@@ -10,10 +10,9 @@
 namespace vantrel {
 
 /// The full view of a takeover. `viewModel` must outlive the panel that shows it.
-[[nodiscard]] PanelContent takeoverViewContent(TakeoverViewModel &viewModel,
-                                               const Palette &palette);
+[[nodiscard]] ViewContent takeoverViewContent(TakeoverViewModel &viewModel, const Palette &palette);
 
 /// What the other monitors show: the paw and the title.
-[[nodiscard]] PanelContent takeoverEchoContent(const QString &title, const Palette &palette);
+[[nodiscard]] ViewContent takeoverEchoContent(const QString &title, const Palette &palette);
 
 } // namespace vantrel

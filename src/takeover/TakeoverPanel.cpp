@@ -6,7 +6,7 @@ namespace vantrel {
 
 std::optional<TakeoverPanel> TakeoverPanel::makeShieldingPanel(ShieldingPanels &panels,
                                                                const Screen &screen, PanelRole role,
-                                                               const PanelContent &content) {
+                                                               const ViewContent &content) {
     auto panel = panels.makePanel(screen, role, content);
     if (!panel)
         return std::nullopt;

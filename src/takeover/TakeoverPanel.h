@@ -15,7 +15,7 @@ public:
     /// A panel over the whole of `screen`, not shown yet. Empty when the monitor has gone.
     [[nodiscard]] static std::optional<TakeoverPanel>
     makeShieldingPanel(ShieldingPanels &panels, const Screen &screen, PanelRole role,
-                       const PanelContent &content);
+                       const ViewContent &content);
 
     /// The monitor as it was when the panel was made.
     [[nodiscard]] const Screen &screen() const { return m_screen; }

@@ -32,7 +32,7 @@ private:
 } // namespace
 
 std::unique_ptr<ShieldingPanel> RecordingPanels::makePanel(const Screen &screen, PanelRole role,
-                                                           const PanelContent &content) {
+                                                           const ViewContent &content) {
     if (std::find(lostScreenIds.begin(), lostScreenIds.end(), screen.id) != lostScreenIds.end())
         return nullptr;
     auto record = std::make_shared<Record>();

@@ -14,7 +14,7 @@ public:
     struct Record {
         Screen screen;
         PanelRole role = PanelRole::echo;
-        PanelContent content;
+        ViewContent content;
         bool isInFront = false;
         bool exists = true;
         double opacity = 1.0;
@@ -26,7 +26,7 @@ public:
     std::function<void(const Record &)> whenMade; ///< Called before a panel is handed out.
 
     [[nodiscard]] std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
-                                                            const PanelContent &content) override;
+                                                            const ViewContent &content) override;
     [[nodiscard]] Subscription monitorKeyDown(KeyHandler handler) override;
 
     /// Presses a key on the keyboard; answers whether a monitor consumed it.

@@ -41,7 +41,7 @@ Scene scene(Theme theme, const QString &name, const std::vector<CalendarPlace> &
     made.show = [=](const std::function<void(Stage &)> &look) {
         useThemeModule();
         ConsentViewModel viewModel(places, [](AccessPrompt::Answer) {});
-        const PanelContent content =
+        const ViewContent content =
             consentContent(viewModel, QVariant::fromValue(ThemePalette(palette(theme))));
         QSize shown = size;
         if (shown.isEmpty()) {

@@ -49,7 +49,7 @@ void Stage::prepare() {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-Stage::Stage(const PanelContent &content, QSize size) {
+Stage::Stage(const ViewContent &content, QSize size) {
     QObject::connect(&engine(), &QQmlEngine::warnings, &m_watch,
                      [this](const QList<QQmlError> &warnings) {
                          for (const QQmlError &warning : warnings)

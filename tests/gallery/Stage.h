@@ -25,7 +25,7 @@ public:
 
     /// Makes and lays out the content, without showing the window. Stops the program when the
     /// content cannot be made, after naming the reason.
-    Stage(const PanelContent &content, QSize size);
+    Stage(const ViewContent &content, QSize size);
 
     [[nodiscard]] QQuickItem &root() const { return *m_root; }
     [[nodiscard]] QQuickWindow &window() { return m_window; }

@@ -71,9 +71,9 @@ Scene scene(Theme theme, QSize size, const Meeting &meeting, Face face) {
         TakeoverViewModel viewModel(context, phase, queue, {nothing, nothing, nothing});
         if (face == Face::joined)
             phase.phase.set(TakeoverPhase::joined);
-        const PanelContent content = face == Face::echo
-                                         ? takeoverEchoContent(meeting.title, palette(theme))
-                                         : takeoverViewContent(viewModel, palette(theme));
+        const ViewContent content = face == Face::echo
+                                        ? takeoverEchoContent(meeting.title, palette(theme))
+                                        : takeoverViewContent(viewModel, palette(theme));
         Stage stage(content, size);
         look(stage);
     };

@@ -33,7 +33,7 @@ void logErrors(const QList<QQmlError> &errors) {
 
 } // namespace
 
-PanelContent consentContent(ConsentViewModel &viewModel, const QVariant &palette) {
+ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette) {
     // Referring to the function is enough; the engine calls it when the module is imported.
     [[maybe_unused]] static void (*const volatile registration)() =
         &qml_register_types_Vantrel_Consent;
@@ -65,7 +65,7 @@ ConsentQuestion::~ConsentQuestion() {
 }
 
 std::unique_ptr<QQuickItem> ConsentQuestion::makeView(const QVariant &palette) {
-    const PanelContent content = consentContent(m_viewModel, palette);
+    const ViewContent content = consentContent(m_viewModel, palette);
     QQmlComponent component(m_engine.get());
     const QString source =
         QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);

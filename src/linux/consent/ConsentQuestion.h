@@ -18,7 +18,7 @@ class QQuickWindow;
 namespace vantrel {
 
 /// What the window shows. `viewModel` must outlive it; `palette` is a `themePalette`.
-[[nodiscard]] PanelContent consentContent(ConsentViewModel &viewModel, const QVariant &palette);
+[[nodiscard]] ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette);
 
 /// One question in its window; destroying it takes the window away.
 class ConsentQuestion {

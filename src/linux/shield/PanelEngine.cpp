@@ -18,7 +18,7 @@ namespace {
 constexpr QLatin1String reducedMotion("reducedMotion");
 
 /// The title among a content's properties, or that of an object among them.
-QString titleOf(const PanelContent &content) {
+QString titleOf(const ViewContent &content) {
     const QString title = content.properties.value(QStringLiteral("title")).toString();
     if (!title.isEmpty())
         return title;
@@ -69,7 +69,7 @@ QQmlEngine &PanelEngine::engine() {
     return *m_engine;
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content, QSize size,
+std::unique_ptr<QWindow> PanelEngine::makeWindow(const ViewContent &content, QSize size,
                                                  bool isMotionReduced) {
     if (auto view = makeView(content, size, isMotionReduced))
         return view;
@@ -78,7 +78,7 @@ std::unique_ptr<QWindow> PanelEngine::makeWindow(const PanelContent &content, QS
     return std::make_unique<PlainWindow>(titleOf(content));
 }
 
-std::unique_ptr<QWindow> PanelEngine::makeView(const PanelContent &content, QSize size,
+std::unique_ptr<QWindow> PanelEngine::makeView(const ViewContent &content, QSize size,
                                                bool isMotionReduced) {
     QQmlComponent component(&engine());
     const QString source =

@@ -24,12 +24,12 @@ public:
     /// Content that has a property `reducedMotion` is told what the desktop wants of it.
     /// Never null: content that cannot be made is logged, and a plain window with the title stands
     /// in for it. The window must not outlive the engine.
-    [[nodiscard]] std::unique_ptr<QWindow> makeWindow(const PanelContent &content, QSize size,
+    [[nodiscard]] std::unique_ptr<QWindow> makeWindow(const ViewContent &content, QSize size,
                                                       bool isMotionReduced);
 
 private:
     [[nodiscard]] QQmlEngine &engine();
-    [[nodiscard]] std::unique_ptr<QWindow> makeView(const PanelContent &content, QSize size,
+    [[nodiscard]] std::unique_ptr<QWindow> makeView(const ViewContent &content, QSize size,
                                                     bool isMotionReduced);
 
     std::unique_ptr<QQmlEngine> m_engine;

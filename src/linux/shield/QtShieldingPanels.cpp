@@ -24,7 +24,7 @@ QtShieldingPanels::~QtShieldingPanels() {
 }
 
 std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &screen, PanelRole role,
-                                                             const PanelContent &content) {
+                                                             const ViewContent &content) {
     QScreen *monitor = findScreen(screen.id);
     if (!monitor)
         return nullptr;

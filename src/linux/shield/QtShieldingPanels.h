@@ -31,7 +31,7 @@ public:
     ~QtShieldingPanels() override;
 
     [[nodiscard]] std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
-                                                            const PanelContent &content) override;
+                                                            const ViewContent &content) override;
 
     [[nodiscard]] Subscription monitorKeyDown(KeyHandler handler) override;
 

@@ -30,7 +30,7 @@ protected:
         useThemeModule();
         m_viewModel = std::make_unique<ConsentViewModel>(
             std::move(shown), [this](Answer answer) { answers.push_back(answer); });
-        const PanelContent content =
+        const ViewContent content =
             consentContent(*m_viewModel, QVariant::fromValue(ThemePalette()));
         if (size.isEmpty()) {
             const gallery::Stage measure(content, {1, 1});

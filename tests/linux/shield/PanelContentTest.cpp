@@ -13,7 +13,7 @@ void keepCritical(QtMsgType type, const QMessageLogContext &context, const QStri
 }
 
 /// Each parameter is a content that cannot be made.
-class PanelContentTest : public testing::TestWithParam<PanelContent> {
+class PanelContentTest : public testing::TestWithParam<ViewContent> {
 protected:
     PanelContentTest() { criticalMessages.clear(); }
     ~PanelContentTest() override { qInstallMessageHandler(m_formerHandler); }
@@ -46,7 +46,7 @@ TEST_P(PanelContentTest, GivesWayToAPlainPanelThatHearsTheKeys) {
 }
 
 TEST_P(PanelContentTest, ShowsTheTitleNonetheless) {
-    PanelContent titled = GetParam();
+    ViewContent titled = GetParam();
     titled.properties.insert(u"title"_qs, u"Standup"_qs);
     const auto panel = panels.makePanel(layout.screens()[0], PanelRole::echo, titled);
     panel->orderFront();
@@ -79,11 +79,11 @@ TEST(PanelSizeTest, IsThereBeforeTheContentIsFinishedAndStays) {
 
 INSTANTIATE_TEST_SUITE_P(
     Broken, PanelContentTest,
-    testing::Values(PanelContent{u"No.Such.Module"_qs, u"Plain"_qs, {}},
-                    PanelContent{u"Shield.Tests"_qs, u"NoSuchType"_qs, {}},
-                    PanelContent{u"Shield.Tests"_qs, u"Broken"_qs, {{u"title"_qs, u"x"_qs}}},
-                    PanelContent{u"Shield.Tests"_qs, u"Demanding"_qs, {{u"title"_qs, u"x"_qs}}},
-                    PanelContent{u"QtQml"_qs, u"QtObject"_qs, {}}));
+    testing::Values(ViewContent{u"No.Such.Module"_qs, u"Plain"_qs, {}},
+                    ViewContent{u"Shield.Tests"_qs, u"NoSuchType"_qs, {}},
+                    ViewContent{u"Shield.Tests"_qs, u"Broken"_qs, {{u"title"_qs, u"x"_qs}}},
+                    ViewContent{u"Shield.Tests"_qs, u"Demanding"_qs, {{u"title"_qs, u"x"_qs}}},
+                    ViewContent{u"QtQml"_qs, u"QtObject"_qs, {}}));
 
 } // namespace
 } // namespace vantrel::tests

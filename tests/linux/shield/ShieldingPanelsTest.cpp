@@ -10,7 +10,7 @@ namespace vantrel::tests {
 
 std::unique_ptr<ShieldingPanel>
 ShieldingPanelsTest::makePanel(std::size_t monitorNumber, PanelRole role, const QString &type) {
-    PanelContent content{u"Shield.Tests"_qs, type, {{u"title"_qs, u"Standup"_qs}}};
+    ViewContent content{u"Shield.Tests"_qs, type, {{u"title"_qs, u"Standup"_qs}}};
     if (type == u"Plain")
         content.properties.insert(u"color"_qs,
                                   role == PanelRole::interactive ? interactiveColor : echoColor);

@@ -32,7 +32,7 @@ public:
             context, phaseState, queue,
             TakeoverViewModel::Actions{[this] { ++joins; }, [this] { ++snoozes; },
                                        [this] { ++dismissals; }});
-        PanelContent content = takeoverViewContent(*m_viewModel, palette(theme));
+        ViewContent content = takeoverViewContent(*m_viewModel, palette(theme));
         content.properties.insert(QStringLiteral("reducedMotion"), reducedMotion);
         m_stage = std::make_unique<gallery::Stage>(content, size);
         return *m_stage;
