@@ -1,0 +1,98 @@
+#!/usr/bin/python3
+"""A desktop's panel without a picture: the watcher and the host of status items, on the session bus.
+
+It is a process of its own, as a panel is. Commands come as lines of JSON on standard input, each
+with the key "do"; what it sees goes out as lines of JSON on standard output. It ends with its
+input. README.md beside it lists both."""
+
+import argparse
+import json
+import os
+import sys
+
+import dbus
+import dbus.mainloop.glib
+from gi.repository import GLib
+
+from item import Item
+from watcher import WATCHER, Watcher
+
+
+class Panel:
+    def __init__(self, options):
+        dbus.mainloop.glib.DBusGMainLoop(set_as_default=True)
+        self.loop = GLib.MainLoop()
+        self.bus = dbus.SessionBus()
+        self.bus.set_exit_on_disconnect(False)
+        self.shows_label = options.label == "shown"
+        self.items = {}
+        self.watcher = Watcher(self.bus, self.added, self.removed)
+        self.pending = b""
+        GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, self.read)
+        if options.start == "now":
+            self.start({})
+        self.tell({"event": "ready"})
+
+    @staticmethod
+    def tell(record):
+        print(json.dumps(record), flush=True)
+
+    # What the watcher sees.
+
+    def added(self, service, path):
+        self.tell({"event": "registered", "service": service, "path": path})
+        self.items[service] = Item(self.bus, service, path, self.shows_label, self.tell)
+
+    def removed(self, service):
+        if service in self.items:
+            self.items.pop(service).forget()
+            self.tell({"event": "gone", "service": service})
+
+    # What standard input asks for.
+
+    def read(self, descriptor, _condition):
+        chunk = os.read(descriptor, 65536)
+        if not chunk:
+            self.loop.quit()
+            return False
+        *lines, self.pending = (self.pending + chunk).split(b"\n")
+        for line in lines:
+            self.obey(json.loads(line))
+        return True
+
+    def obey(self, command):
+        name = command["do"]
+        try:
+            if name in {"start", "stop", "quit"}:
+                getattr(self, name)(command)
+            elif not self.items:
+                self.tell({"answer": name, "error": "no item"})
+            else:
+                next(reversed(self.items.values())).obey(command)
+        except dbus.DBusException as error:
+            self.tell({"answer": name, "error": error.get_dbus_name()})
+
+    def start(self, _command):
+        self.bus.request_name(WATCHER, dbus.bus.NAME_FLAG_DO_NOT_QUEUE)
+        self.watcher.host_registered()
+        self.tell({"event": "started"})
+
+    def stop(self, _command):
+        self.bus.release_name(WATCHER)
+        for service in [*self.items]:
+            self.watcher.forget(service)
+            self.items.pop(service).forget()
+        self.tell({"event": "stopped"})
+
+    def quit(self, _command):
+        self.loop.quit()
+
+
+if __name__ == "__main__":
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--label", choices=["shown", "hidden"], default="shown",
+                        help="whether the panel knows the text beside an icon")
+    parser.add_argument("--start", choices=["now", "later"], default="now",
+                        help="later: waits for the command \"start\" before it takes its name")
+    panel = Panel(parser.parse_args())
+    panel.loop.run()
