@@ -32,6 +32,9 @@ public:
 
     void start();
 
+    /// Over which it is followed; valid while `listed` is called.
+    [[nodiscard]] GDBusConnection *bus() const { return m_bus.get(); }
+
 private:
     static void busClosed(GDBusConnection *bus, gboolean isVanished, const GError *error,
                           gpointer self);

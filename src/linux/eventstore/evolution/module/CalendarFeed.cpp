@@ -1,6 +1,5 @@
 #include "CalendarFeed.h"
 
-#include "Async.h"
 #include "CalendarView.h"
 #include "SeriesWatch.h"
 #include "SourceDescription.h"
@@ -21,13 +20,11 @@ constexpr Seconds patience{60.0};
 /// One that ends again and again is not started every second.
 constexpr Seconds steadyTime{60.0};
 
-/// Does not wait for the server: what the service has on its disk is there at once.
-constexpr guint32 withoutWaiting = static_cast<guint32>(-1);
-
 } // namespace
 
-CalendarFeed::CalendarFeed(ESource *source, QString identifier, Surroundings surroundings)
-    : m_source(anotherReference(source)),
+CalendarFeed::CalendarFeed(QByteArray source, QString identifier, Surroundings surroundings)
+    : m_bus(anotherReference(surroundings.bus)),
+      m_source(std::move(source)),
       m_identifier(std::move(identifier)),
       m_surroundings(std::move(surroundings)) {}
 
@@ -44,7 +41,7 @@ void CalendarFeed::setWindow(Window window) {
     if (window == m_window)
         return;
     m_window = window;
-    if (!m_client || (!m_view && !m_next))
+    if (!m_view && !m_next)
         return; // The view that is still to be opened takes this window.
     // Were the last one to be filled now, it would give up the place in the line with its slot.
     m_next.reset();
@@ -58,68 +55,41 @@ void CalendarFeed::queue() {
 
 void CalendarFeed::connect() {
     noteProgress();
-    m_cancellable.reset(g_cancellable_new());
-    e_cal_client_connect(m_source.get(), E_CAL_CLIENT_SOURCE_TYPE_EVENTS, withoutWaiting,
-                         m_cancellable.get(), Async::ready,
-                         Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
-                                         GObject * /*object*/, GAsyncResult *result) {
-                             Failure failure;
-                             EClient *const client =
-                                 e_cal_client_connect_finish(result, failure.out());
-                             const Reference<EClient> owned(client);
-                             const auto self = weak.lock();
-                             if (!self || self->m_cancellable.get() != attempt)
-                                 return;
-                             if (client)
-                                 self->adopt(reinterpret_cast<ECalClient *>(client));
-                             else
-                                 self->fail("cannot connect: " + failure.message());
-                         }));
-}
-
-void CalendarFeed::adopt(ECalClient *client) {
-    noteProgress();
-    m_client = anotherReference(client);
-    g_signal_connect(client, "backend-died", G_CALLBACK(backendDied), this);
-    g_signal_connect(client, "backend-error", G_CALLBACK(backendFailed), this);
-    g_signal_connect(client, "notify::readonly", G_CALLBACK(readOnlyChanged), this);
-    m_zones = std::make_shared<ZoneTexts>(client, m_cancellable.get(),
-                                          m_surroundings.table.title(m_identifier));
-    readOnlyChanged(E_CLIENT(client), nullptr, this);
-    askForAddresses();
-    watchSeries();
-}
-
-void CalendarFeed::askForAddresses() {
-    e_client_get_backend_property(
-        E_CLIENT(m_client.get()), E_CAL_BACKEND_PROPERTY_CAL_EMAIL_ADDRESS, m_cancellable.get(),
-        Async::ready, Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
-            Failure failure;
-            gchar *text = nullptr;
-            e_client_get_backend_property_finish(E_CLIENT(object), result, &text, failure.out());
-            const QString address = plainAddress(takeText(text));
-            const auto self = weak.lock();
-            if (!self || failure)
-                return;
-            self->noteIf(self->m_surroundings.table.setAddresses(
-                self->m_identifier, address.isEmpty() ? QStringList() : QStringList(address)));
-        }));
+    AnswerTable &table = m_surroundings.table;
+    RemoteCalendar::Listener listener;
+    listener.writableTold = [this, &table](bool isWritable) {
+        noteIf(table.setWritable(m_identifier, isWritable));
+    };
+    listener.addressTold = [this, &table](const QByteArray &text) {
+        const QString address = plainAddress(text);
+        noteIf(table.setAddresses(m_identifier,
+                                  address.isEmpty() ? QStringList() : QStringList(address)));
+    };
+    listener.complained = [this](const QByteArray &message) { noteComplaint(message); };
+    listener.ended = [this] { fail("its back end has ended"); };
+    m_calendar = std::make_shared<RemoteCalendar>(m_bus.get(), std::move(listener));
+    m_zones = std::make_shared<ZoneTexts>(m_calendar, table.title(m_identifier));
+    m_calendar->open(m_source, [this](const Failure &failure) {
+        if (failure)
+            fail("cannot connect: " + failure.message());
+        else
+            watchSeries();
+    });
 }
 
 /// First of all, so that no change falls between it and the view.
 void CalendarFeed::watchSeries() {
-    m_series = std::make_shared<SeriesWatch>(m_client.get(), [this](const QByteArray &uid) {
+    noteProgress();
+    SeriesWatch::Listener listener;
+    listener.begun = [this] { openView(); };
+    listener.changed = [this](const QByteArray &uid) {
         if (m_view)
             m_view->refresh(uid);
         if (m_next)
             m_next->refresh(uid);
-    });
-    m_series->open([this](const QByteArray &message) {
-        if (message.isEmpty())
-            openView();
-        else
-            fail("cannot be watched: " + message);
-    });
+    };
+    listener.failed = [this](const QByteArray &message) { fail("cannot be watched: " + message); };
+    m_series = std::make_unique<SeriesWatch>(m_calendar, listener);
 }
 
 void CalendarFeed::openView() {
@@ -132,7 +102,7 @@ void CalendarFeed::openView() {
                     : table.remove(m_identifier, uid));
     };
     listener.failed = [this](const QByteArray &message) { fail("cannot be read: " + message); };
-    m_next = std::make_shared<CalendarView>(m_client.get(), m_zones, std::move(listener));
+    m_next = std::make_shared<CalendarView>(m_calendar, m_zones, std::move(listener));
     noteProgress(); // Which counts while there is something to wait for.
     m_next->open(m_window);
 }
@@ -174,33 +144,15 @@ void CalendarFeed::disconnect() {
     m_view.reset();
     m_series.reset();
     m_zones.reset();
-    if (m_client)
-        g_signal_handlers_disconnect_by_data(m_client.get(), this);
-    m_client.reset();
-    if (m_cancellable)
-        g_cancellable_cancel(m_cancellable.get());
-    m_cancellable.reset();
+    m_calendar.reset();
     m_ticket.reset();
 }
 
-void CalendarFeed::backendDied(EClient * /*client*/, gpointer self) {
-    static_cast<CalendarFeed *>(self)->fail("its back end has ended");
-}
-
-void CalendarFeed::backendFailed(EClient * /*client*/, const gchar *message, gpointer self) {
-    auto *feed = static_cast<CalendarFeed *>(self);
-    if (feed->m_lastBackendError == message)
-        return;
-    feed->m_lastBackendError = message;
-    qCWarning(eventStoreLog).noquote().nospace()
-        << logText(feed->m_surroundings.table.title(feed->m_identifier)) << ": "
-        << logText(QString::fromUtf8(message));
-}
-
-void CalendarFeed::readOnlyChanged(EClient *client, GParamSpec * /*property*/, gpointer self) {
-    auto *feed = static_cast<CalendarFeed *>(self);
-    feed->noteIf(
-        feed->m_surroundings.table.setWritable(feed->m_identifier, !e_client_is_readonly(client)));
+void CalendarFeed::noteComplaint(const QByteArray &message) {
+    if (std::exchange(m_lastComplaint, message) != message)
+        qCWarning(eventStoreLog).noquote().nospace()
+            << logText(m_surroundings.table.title(m_identifier)) << ": "
+            << logText(QString::fromUtf8(message));
 }
 
 void CalendarFeed::noteIf(bool isDifferent) {

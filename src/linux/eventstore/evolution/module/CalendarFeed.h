@@ -3,14 +3,12 @@
 #include "AnswerTable.h"
 #include "ConnectSlots.h"
 #include "ContextTimer.h"
-#include "GObjects.h"
+#include "RemoteCalendar.h"
 
 #include <linux/eventstore/evolution/Pace.h>
 #include <linux/eventstore/ical/Window.h>
 
 #include <QString>
-
-#include <libecal/libecal.h>
 
 #include <functional>
 #include <memory>
@@ -27,12 +25,14 @@ class ZoneTexts;
 class CalendarFeed : public std::enable_shared_from_this<CalendarFeed> {
 public:
     struct Surroundings {
+        GDBusConnection *bus;
         AnswerTable &table;
         ConnectSlots &slots;
         std::function<void()> noteChange; ///< An answer of the table has become different.
     };
 
-    CalendarFeed(ESource *source, QString identifier, Surroundings surroundings);
+    /// `source` is what the service calls it, `identifier` what the table does.
+    CalendarFeed(QByteArray source, QString identifier, Surroundings surroundings);
     CalendarFeed(const CalendarFeed &) = delete;
     CalendarFeed &operator=(const CalendarFeed &) = delete;
     ~CalendarFeed();
@@ -41,31 +41,26 @@ public:
     void setWindow(Window window);
 
 private:
-    static void backendDied(EClient *client, gpointer self);
-    static void backendFailed(EClient *client, const gchar *message, gpointer self);
-    static void readOnlyChanged(EClient *client, GParamSpec *property, gpointer self);
-
     void queue();
     void connect();
-    void adopt(ECalClient *client);
-    void askForAddresses();
     void watchSeries();
     void openView();
     void take();
     void noteProgress();
+    void noteComplaint(const QByteArray &message);
     void fail(const QByteArray &reason);
     void disconnect();
     void noteIf(bool isDifferent);
 
-    const Reference<ESource> m_source;
+    const Reference<GDBusConnection> m_bus;
+    const QByteArray m_source;
     const QString m_identifier;
     const Surroundings m_surroundings;
     Window m_window;
 
-    Reference<GCancellable> m_cancellable; ///< Of the present connection.
-    Reference<ECalClient> m_client;
+    std::shared_ptr<RemoteCalendar> m_calendar; ///< The present connection.
     std::shared_ptr<ZoneTexts> m_zones;
-    std::shared_ptr<SeriesWatch> m_series;
+    std::unique_ptr<SeriesWatch> m_series;
     std::shared_ptr<CalendarView> m_view; ///< What the table shows.
     std::shared_ptr<CalendarView> m_next; ///< What will take its place once it is filled.
 
@@ -74,8 +69,8 @@ private:
     ContextTimer m_retry;
     ContextTimer m_steady; ///< Until it counts as sound again, and pauses begin anew.
     RetryPause m_pause;
-    bool m_isTrouble = false;      ///< And the log says so.
-    QByteArray m_lastBackendError; ///< Stands in the log.
+    bool m_isTrouble = false;   ///< And the log says so.
+    QByteArray m_lastComplaint; ///< Stands in the log.
 };
 
 } // namespace vantrel

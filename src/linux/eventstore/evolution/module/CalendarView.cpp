@@ -1,6 +1,5 @@
 #include "CalendarView.h"
 
-#include "Async.h"
 #include "ZoneTexts.h"
 
 #include <QDateTime>
@@ -57,6 +56,19 @@ QByteArray textOf(ICalComponent *component) {
     return takeText(i_cal_component_as_ical_string(component));
 }
 
+/// A single component stands by itself, several in a calendar.
+template <typename Take>
+void forEachEvent(ICalComponent *component, Take take) {
+    if (component && i_cal_component_isa(component) == I_CAL_VEVENT_COMPONENT)
+        return take(component);
+    Reference<ICalComponent> event(
+        component ? i_cal_component_get_first_component(component, I_CAL_VEVENT_COMPONENT)
+                  : nullptr);
+    for (; event;
+         event.reset(i_cal_component_get_next_component(component, I_CAL_VEVENT_COMPONENT)))
+        take(event.get());
+}
+
 void addZoneNames(ICalComponent *component, QByteArrayList &names) {
     i_cal_component_foreach_tzid(
         component,
@@ -71,70 +83,40 @@ void addZoneNames(ICalComponent *component, QByteArrayList &names) {
 
 } // namespace
 
-CalendarView::CalendarView(ECalClient *client, std::shared_ptr<ZoneTexts> zones, Listener listener)
-    : m_client(anotherReference(client)),
-      m_zones(std::move(zones)),
-      m_listener(std::move(listener)),
-      m_cancellable(g_cancellable_new()) {}
+CalendarView::CalendarView(std::shared_ptr<RemoteCalendar> calendar,
+                           std::shared_ptr<ZoneTexts> zones, Listener listener)
+    : m_calendar(std::move(calendar)), m_zones(std::move(zones)), m_listener(std::move(listener)) {}
 
-CalendarView::~CalendarView() {
-    g_cancellable_cancel(m_cancellable.get());
-    if (m_view)
-        g_signal_handlers_disconnect_by_data(m_view.get(), this);
-}
-
+/// Whatever is told may be the end of this.
 void CalendarView::open(Window window) {
-    e_cal_client_get_view(
-        m_client.get(), queryFor(window).constData(), m_cancellable.get(), Async::ready,
-        Async::data([weak = weak_from_this()](GObject *object, GAsyncResult *result) {
-            Failure failure;
-            ECalClientView *view = nullptr;
-            e_cal_client_get_view_finish(reinterpret_cast<ECalClient *>(object), result, &view,
-                                         failure.out());
-            const Reference<ECalClientView> owned(view);
-            const auto self = weak.lock();
-            if (!self)
-                return;
-            if (view)
-                self->follow(view);
-            else
-                self->m_listener.failed(failure.message());
-        }));
-}
-
-void CalendarView::follow(ECalClientView *view) {
-    m_view = anotherReference(view);
-    g_signal_connect(view, "objects-added", G_CALLBACK(added), this);
-    g_signal_connect(view, "objects-modified", G_CALLBACK(added), this);
-    g_signal_connect(view, "objects-removed", G_CALLBACK(removed), this);
-    g_signal_connect(view, "complete", G_CALLBACK(completed), this);
-    // Its signals come to the thread that starts it, so that no other may, although the call waits
-    // for the service to say that it begins.
-    Failure failure;
-    e_cal_client_view_start(view, failure.out());
-    if (failure)
-        m_listener.failed(failure.message());
-}
-
-void CalendarView::added(ECalClientView * /*view*/, const GSList *objects, gpointer self) {
-    const auto view = static_cast<CalendarView *>(self)->shared_from_this();
-    for (const GSList *link = objects; link; link = link->next)
-        view->take(static_cast<ICalComponent *>(link->data));
-    view->m_listener.progressed();
-}
-
-void CalendarView::removed(ECalClientView * /*view*/, const GSList *ids, gpointer self) {
-    const auto view = static_cast<CalendarView *>(self)->shared_from_this();
-    for (const GSList *link = ids; link; link = link->next)
-        view->drop(static_cast<const ECalComponentId *>(link->data));
-}
-
-void CalendarView::completed(ECalClientView * /*view*/, const GError *error, gpointer self) {
-    const auto view = static_cast<CalendarView *>(self)->shared_from_this();
-    if (error)
-        return view->m_listener.failed(error->message);
-    view->m_isComplete = true;
-    view->checkFilled();
+    RemoteView::Listener listener;
+    listener.begun = [this] { m_listener.progressed(); };
+    listener.told = [this](const QByteArrayList &components) {
+        const auto keepAlive = shared_from_this();
+        for (const QByteArray &text : components) {
+            const Reference<ICalComponent> component(
+                i_cal_component_new_from_string(text.constData()));
+            if (component)
+                take(component.get());
+        }
+        m_listener.progressed();
+    };
+    listener.removed = [this](const std::vector<RemoteView::ComponentName> &names) {
+        const auto keepAlive = shared_from_this();
+        for (const RemoteView::ComponentName &name : names)
+            drop(name);
+    };
+    listener.completed = [this] {
+        const auto keepAlive = shared_from_this();
+        m_isComplete = true;
+        checkFilled();
+    };
+    listener.failed = [this](const QByteArray &message) {
+        const auto keepAlive = shared_from_this();
+        m_listener.failed(message);
+    };
+    m_view = std::make_shared<RemoteView>(m_calendar, std::move(listener));
+    m_view->open(queryFor(window), RemoteView::Telling::everything);
 }
 
 void CalendarView::take(ICalComponent *component) {
@@ -158,13 +140,13 @@ void CalendarView::take(ICalComponent *component) {
     keep(uid, {textOf(component), {}, 0}, zones);
 }
 
-void CalendarView::drop(const ECalComponentId *id) {
-    const QByteArray uid(e_cal_component_id_get_uid(id));
+void CalendarView::drop(const RemoteView::ComponentName &name) {
+    const QByteArray uid = name.uid; // Outlives the entry.
     const auto found = m_entries.find(uid);
     if (found == m_entries.end())
         return;
     Entry &entry = found->second;
-    entry.present.erase(QByteArray(e_cal_component_id_get_rid(id)));
+    entry.present.erase(name.recurrenceId);
     if (entry.isSeries && !entry.present.empty())
         load(uid);
     else
@@ -206,25 +188,22 @@ CalendarView::Entry *CalendarView::find(const QByteArray &uid, std::uint64_t num
 
 void CalendarView::fetch(const QByteArray &uid, std::uint64_t number) {
     ++m_fetches;
-    e_cal_client_get_objects_for_uid(m_client.get(), uid.constData(), m_cancellable.get(),
-                                     Async::ready,
-                                     Async::data([weak = weak_from_this(), uid, number](
-                                                     GObject * /*object*/, GAsyncResult *result) {
-                                         if (const auto self = weak.lock())
-                                             self->finishFetch(uid, number, result);
-                                     }));
+    m_calendar->objects(uid, [weak = weak_from_this(), uid, number](const QByteArray &text,
+                                                                    const Failure &failure) {
+        if (const auto self = weak.lock())
+            self->finishFetch(uid, number, text, failure);
+    });
 }
 
-void CalendarView::finishFetch(const QByteArray &uid, std::uint64_t number, GAsyncResult *result) {
-    Failure failure;
-    GSList *components = nullptr;
-    e_cal_client_get_objects_for_uid_finish(m_client.get(), result, &components, failure.out());
+void CalendarView::finishFetch(const QByteArray &uid, std::uint64_t number, const QByteArray &text,
+                               const Failure &failure) {
     CalendarItem item;
     QByteArrayList zones;
-    forEachTaken<ECalComponent>(components, [&](ECalComponent *component) {
-        ICalComponent *const inner = e_cal_component_get_icalcomponent(component);
-        addZoneNames(inner, zones);
-        item.events += textOf(inner);
+    const Reference<ICalComponent> answer(
+        failure ? nullptr : i_cal_component_new_from_string(text.constData()));
+    forEachEvent(answer.get(), [&](ICalComponent *event) {
+        addZoneNames(event, zones);
+        item.events += textOf(event);
     });
     --m_fetches;
     const auto keepAlive = shared_from_this();

@@ -2,7 +2,7 @@
 
 #include "AnswerTable.h"
 #include "ContextTimer.h"
-#include "GObjects.h"
+#include "RemoteView.h"
 
 #include <linux/eventstore/evolution/Pace.h>
 #include <linux/eventstore/ical/Window.h>
@@ -42,10 +42,11 @@ public:
         std::function<void(const QByteArray &message)> failed;
     };
 
-    CalendarView(ECalClient *client, std::shared_ptr<ZoneTexts> zones, Listener listener);
+    CalendarView(std::shared_ptr<RemoteCalendar> calendar, std::shared_ptr<ZoneTexts> zones,
+                 Listener listener);
     CalendarView(const CalendarView &) = delete;
     CalendarView &operator=(const CalendarView &) = delete;
-    ~CalendarView();
+    ~CalendarView() = default;
 
     void open(Window window);
 
@@ -67,18 +68,14 @@ private:
         CalendarItem item;
     };
 
-    static void added(ECalClientView *view, const GSList *objects, gpointer self);
-    static void removed(ECalClientView *view, const GSList *ids, gpointer self);
-    static void completed(ECalClientView *view, const GError *error, gpointer self);
-
-    void follow(ECalClientView *view);
     void take(ICalComponent *component);
-    void drop(const ECalComponentId *id);
+    void drop(const RemoteView::ComponentName &name);
     [[nodiscard]] Entry *find(const QByteArray &uid, std::uint64_t number);
     void load(const QByteArray &uid);
     void pump();
     void fetch(const QByteArray &uid, std::uint64_t number);
-    void finishFetch(const QByteArray &uid, std::uint64_t number, GAsyncResult *result);
+    void finishFetch(const QByteArray &uid, std::uint64_t number, const QByteArray &text,
+                     const Failure &failure);
     void loadAgain(const QByteArray &uid);
     void askAgainLater(const QByteArray &uid);
     void keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones);
@@ -86,11 +83,10 @@ private:
     void forget(const QByteArray &uid);
     void checkFilled();
 
-    const Reference<ECalClient> m_client;
+    const std::shared_ptr<RemoteCalendar> m_calendar;
     const std::shared_ptr<ZoneTexts> m_zones;
     const Listener m_listener;
-    const Reference<GCancellable> m_cancellable;
-    Reference<ECalClientView> m_view;
+    std::shared_ptr<RemoteView> m_view;
     std::map<QByteArray, Entry> m_entries; ///< By UID.
     std::uint64_t m_lastNumber = 0;
     std::deque<std::pair<QByteArray, std::uint64_t>> m_toFetch;

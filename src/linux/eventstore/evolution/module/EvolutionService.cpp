@@ -43,9 +43,10 @@ void EvolutionService::take(SourceList list) {
         feed = std::move(before[identifier]);
         if (feed)
             continue;
-        feed = std::make_shared<CalendarFeed>(
-            listed.source.get(), identifier,
-            CalendarFeed::Surroundings{m_table, m_slots, [this] { noteChange(); }});
+        feed = std::make_shared<CalendarFeed>(listed.uid, identifier,
+                                              CalendarFeed::Surroundings{m_registry->bus(), m_table,
+                                                                         m_slots,
+                                                                         [this] { noteChange(); }});
         feed->start(m_window);
     }
     if (m_table.settleRegistry(true))

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-#include <glib-object.h>
+#include <gio/gio.h>
 
 #include <memory>
 
@@ -21,6 +21,11 @@ template <typename T>
     return Reference<T>(static_cast<T *>(g_object_ref(object)));
 }
 
+struct UnreferenceVariant {
+    void operator()(GVariant *value) const { g_variant_unref(value); }
+};
+using OwnedVariant = std::unique_ptr<GVariant, UnreferenceVariant>;
+
 /// Where a GLib function leaves its error.
 class Failure {
 public:
@@ -30,6 +35,13 @@ public:
     ~Failure() { g_clear_error(&m_error); }
 
     [[nodiscard]] GError **out() { return &m_error; }
+
+    /// Leaves of a message that came over the bus what is meant for people.
+    void dropRemoteName() {
+        if (m_error)
+            g_dbus_error_strip_remote_error(m_error);
+    }
+
     [[nodiscard]] explicit operator bool() const { return m_error != nullptr; }
     [[nodiscard]] bool is(GQuark domain, int code) const {
         return g_error_matches(m_error, domain, code);

@@ -112,7 +112,7 @@ SourceList listSources(ESourceRegistry *registry) {
         } else if (backendOf(source) != "weather") {
             SourceCalendar calendar = describe(registry, source);
             calendar.addresses = addresses;
-            list.calendars.push_back({anotherReference(source), std::move(calendar)});
+            list.calendars.push_back({takeText(e_source_dup_uid(source)), std::move(calendar)});
         }
     });
     std::sort(list.calendars.begin(), list.calendars.end(),

@@ -16,7 +16,7 @@ namespace vantrel {
 inline constexpr char evolutionPrefix[] = "evolution:";
 
 struct ListedSource {
-    Reference<ESource> source;
+    QByteArray uid; ///< What the service calls it.
     SourceCalendar calendar;
 };
 

@@ -1,9 +1,9 @@
 #include "ZoneTexts.h"
 
-#include "Async.h"
-
 #include <linux/eventstore/source/StoreLog.h>
 #include <platform/LogText.h>
+
+#include <libecal/libecal.h>
 
 #include <algorithm>
 #include <utility>
@@ -21,10 +21,8 @@ bool isUnknown(const Failure &failure) {
 
 } // namespace
 
-ZoneTexts::ZoneTexts(ECalClient *client, GCancellable *cancellable, QString title)
-    : m_client(anotherReference(client)),
-      m_cancellable(anotherReference(cancellable)),
-      m_title(std::move(title)) {}
+ZoneTexts::ZoneTexts(std::shared_ptr<RemoteCalendar> calendar, QString title)
+    : m_calendar(std::move(calendar)), m_title(std::move(title)) {}
 
 QByteArrayList ZoneTexts::unusual(const QByteArrayList &names) {
     QByteArrayList result;
@@ -45,28 +43,18 @@ void ZoneTexts::get(const QByteArrayList &names, Take take) {
 }
 
 void ZoneTexts::ask(const QByteArray &name) {
-    e_cal_client_get_timezone(
-        m_client.get(), name.constData(), m_cancellable.get(), Async::ready,
-        Async::data([weak = weak_from_this(), name](GObject *object, GAsyncResult *result) {
-            Failure failure;
-            ICalTimezone *zone = nullptr; // Belongs to the client.
-            e_cal_client_get_timezone_finish(reinterpret_cast<ECalClient *>(object), result, &zone,
-                                             failure.out());
+    m_calendar->timeZone(
+        name, [weak = weak_from_this(), name](const QByteArray &text, const Failure &failure) {
             const auto self = weak.lock();
             if (!self)
                 return;
             self->m_asked.erase(name);
             if (!failure || isUnknown(failure))
-                self->m_texts[name] = {};
+                self->m_texts[name] = isUnknown(failure) ? QByteArray() : text;
             else
                 self->noteFailure(failure.message());
-            if (zone) {
-                const Reference<ICalComponent> component(i_cal_timezone_get_component(zone));
-                if (component)
-                    self->m_texts[name] = takeText(i_cal_component_as_ical_string(component.get()));
-            }
             self->serve();
-        }));
+        });
 }
 
 void ZoneTexts::noteFailure(const QByteArray &reason) {

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "GObjects.h"
+#include "RemoteCalendar.h"
 
 #include <linux/eventstore/ical/ZoneRegistry.h>
 
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QString>
-
-#include <libecal/libecal.h>
 
 #include <functional>
 #include <map>
@@ -22,7 +20,7 @@ namespace vantrel {
 class ZoneTexts : public std::enable_shared_from_this<ZoneTexts> {
 public:
     /// `title` is the calendar's, for the log.
-    ZoneTexts(ECalClient *client, GCancellable *cancellable, QString title);
+    ZoneTexts(std::shared_ptr<RemoteCalendar> calendar, QString title);
 
     /// Those of the names for which a text is needed: none that the system knows itself.
     [[nodiscard]] QByteArrayList unusual(const QByteArrayList &names);
@@ -43,8 +41,7 @@ private:
     void noteFailure(const QByteArray &reason);
     void serve();
 
-    const Reference<ECalClient> m_client;
-    const Reference<GCancellable> m_cancellable;
+    const std::shared_ptr<RemoteCalendar> m_calendar;
     ZoneRegistry m_system;
     const QString m_title;
     std::map<QByteArray, QByteArray> m_texts; ///< By name; empty where the calendar has none.
