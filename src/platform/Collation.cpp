@@ -1,11 +1,8 @@
 #include "Collation.h"
 
-#include <QByteArray>
+#include "IcuLocale.h"
 
 #include <unicode/ucol.h>
-#include <unicode/uloc.h>
-
-#include <array>
 
 namespace vantrel {
 
@@ -13,12 +10,8 @@ namespace {
 
 /// Null when ICU's data are missing or damaged.
 UCollator *openRules(const QLocale &locale) {
-    const QByteArray tag = locale.bcp47Name().toLatin1();
-    std::array<char, ULOC_FULLNAME_CAPACITY> identifier{};
     UErrorCode error = U_ZERO_ERROR;
-    uloc_forLanguageTag(tag.constData(), identifier.data(), ULOC_FULLNAME_CAPACITY, nullptr,
-                        &error);
-    UCollator *rules = ucol_open(U_SUCCESS(error) ? identifier.data() : "", &error);
+    UCollator *rules = ucol_open(icuLocale(locale.bcp47Name().toLatin1()).constData(), &error);
     return U_SUCCESS(error) ? rules : nullptr;
 }
 

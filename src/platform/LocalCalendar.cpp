@@ -1,5 +1,7 @@
 #include "LocalCalendar.h"
 
+#include "DateTexts.h"
+
 #include <QDate>
 
 #include <cmath>
@@ -26,6 +28,10 @@ Instant LocalCalendar::startOfDay(Instant instant, int days) const {
     return fromDateTime(dateTime(instant).date().addDays(days).startOfDay(m_timeZone));
 }
 
+int LocalCalendar::daysBetween(Instant from, Instant to) const {
+    return static_cast<int>(dateTime(from).date().daysTo(dateTime(to).date()));
+}
+
 int LocalCalendar::hour(Instant instant) const {
     return dateTime(instant).time().hour();
 }
@@ -37,6 +43,18 @@ int LocalCalendar::minuteOfDay(Instant instant) const {
 
 int LocalCalendar::weekday(Instant instant) const {
     return dateTime(instant).date().dayOfWeek() % 7 + 1;
+}
+
+QString LocalCalendar::weekdayName(Instant instant) const {
+    return DateTexts(m_locale).weekdayName(dateTime(instant));
+}
+
+QString LocalCalendar::mediumDate(Instant instant) const {
+    return DateTexts(m_locale).mediumDate(dateTime(instant));
+}
+
+QString LocalCalendar::shortTime(Instant instant) const {
+    return DateTexts(m_locale).shortTime(dateTime(instant));
 }
 
 QDateTime LocalCalendar::dateTime(Instant instant) const {

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QLocale>
+#include <QString>
 #include <QTimeZone>
 
 #include <functional>
@@ -26,6 +27,10 @@ public:
     /// The start of the day `days` calendar days from the one that holds `instant`.
     [[nodiscard]] Instant startOfDay(Instant instant, int days) const;
 
+    /// How many calendar days `to` lies after `from`, whatever the length of the days between and
+    /// the hours of both; negative when it lies before.
+    [[nodiscard]] int daysBetween(Instant from, Instant to) const;
+
     /// 0 to 23.
     [[nodiscard]] int hour(Instant instant) const;
 
@@ -34,6 +39,15 @@ public:
 
     /// 1 = Sunday to 7 = Saturday.
     [[nodiscard]] int weekday(Instant instant) const;
+
+    /// The full name of the weekday, "Wednesday".
+    [[nodiscard]] QString weekdayName(Instant instant) const;
+
+    /// The date in the locale's medium style, "Mar 4, 2026".
+    [[nodiscard]] QString mediumDate(Instant instant) const;
+
+    /// The time in the locale's short style, by a clock of 12 or 24 hours as is usual there.
+    [[nodiscard]] QString shortTime(Instant instant) const;
 
     /// The wall-clock reading of `instant` in this zone, to the millisecond, rounded down.
     [[nodiscard]] QDateTime dateTime(Instant instant) const;

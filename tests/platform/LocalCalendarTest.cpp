@@ -1,6 +1,12 @@
 #include <fakes/Times.h>
 
+#include <QByteArray>
+#include <QString>
+
 #include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 namespace {
@@ -38,6 +44,140 @@ TEST(LocalCalendar, BeginsADayWithoutMidnightAtItsFirstInstant) {
     const Instant noon = at("2025-09-07T12:00:00", "America/Santiago");
     EXPECT_EQ(calendar.startOfDay(noon), at("2025-09-07T04:00:00"));
     EXPECT_EQ(calendar.hour(calendar.startOfDay(noon)), 1);
+}
+
+TEST(LocalCalendar, CountsDaysBetweenTwoInstantsByTheCalendar) {
+    const LocalCalendar calendar = calendarIn();
+    const Instant lateOnMonday = at("2026-03-02T23:59:59");
+    EXPECT_EQ(calendar.daysBetween(lateOnMonday, at("2026-03-02T00:00:00")), 0);
+    EXPECT_EQ(calendar.daysBetween(lateOnMonday, at("2026-03-03T00:00:00")), 1);
+    EXPECT_EQ(calendar.daysBetween(lateOnMonday, at("2026-03-09T12:00:00")), 7);
+    EXPECT_EQ(calendar.daysBetween(lateOnMonday, at("2026-03-01T23:59:59")), -1);
+}
+
+TEST(LocalCalendar, CountsDaysBetweenOverDaylightSavingChangesAndDaysWithoutMidnight) {
+    const LocalCalendar zurich = calendarIn("Europe/Zurich");
+    EXPECT_EQ(zurich.daysBetween(at("2026-03-28T23:30:00", "Europe/Zurich"),
+                                 at("2026-03-30T00:15:00", "Europe/Zurich")),
+              2);
+    EXPECT_EQ(zurich.daysBetween(at("2026-10-24T00:00:00", "Europe/Zurich"),
+                                 at("2026-10-26T00:00:00", "Europe/Zurich")),
+              2);
+    const LocalCalendar santiago = calendarIn("America/Santiago");
+    const Instant saturday = at("2025-09-06T23:59:00", "America/Santiago");
+    EXPECT_EQ(santiago.daysBetween(saturday, santiago.startOfDay(saturday, 1)), 1);
+}
+
+// Texts. The space before AM and PM is a narrow one that does not break.
+
+LocalCalendar calendarOf(const char *locale, const char *zone = "UTC") {
+    return LocalCalendar(QTimeZone(zone), QLocale(QString::fromLatin1(locale)));
+}
+
+const Instant wednesday = at("2026-03-04T15:05:00");
+
+TEST(LocalCalendar, WritesEnglish) {
+    const LocalCalendar calendar = calendarOf("en_US");
+    EXPECT_EQ(calendar.weekdayName(wednesday), u"Wednesday");
+    EXPECT_EQ(calendar.mediumDate(wednesday), u"Mar 4, 2026");
+    EXPECT_EQ(calendar.shortTime(wednesday), u"3:05\u202FPM");
+    EXPECT_EQ(calendarOf("en_GB").mediumDate(wednesday), u"4 Mar 2026");
+    EXPECT_EQ(calendarOf("en_GB").shortTime(wednesday), u"15:05");
+}
+
+TEST(LocalCalendar, WritesGerman) {
+    const LocalCalendar calendar = calendarOf("de_DE");
+    EXPECT_EQ(calendar.weekdayName(wednesday), u"Mittwoch");
+    EXPECT_EQ(calendar.mediumDate(wednesday), u"04.03.2026");
+    EXPECT_EQ(calendar.shortTime(wednesday), u"15:05");
+}
+
+TEST(LocalCalendar, WritesArabicInTheFiguresOfTheCountry) {
+    const LocalCalendar egypt = calendarOf("ar_EG");
+    EXPECT_EQ(egypt.weekdayName(wednesday), u"الأربعاء");
+    EXPECT_EQ(egypt.mediumDate(wednesday), u"٠٤\u200F/٠٣\u200F/٢٠٢٦");
+    EXPECT_EQ(egypt.shortTime(wednesday), u"٣:٠٥ م");
+    EXPECT_EQ(calendarOf("ar_MA").shortTime(wednesday), u"15:05");
+}
+
+TEST(LocalCalendar, WritesJapanese) {
+    const LocalCalendar calendar = calendarOf("ja_JP");
+    EXPECT_EQ(calendar.weekdayName(wednesday), u"水曜日");
+    EXPECT_EQ(calendar.mediumDate(wednesday), u"2026/03/04");
+    EXPECT_EQ(calendar.shortTime(wednesday), u"15:05");
+}
+
+TEST(LocalCalendar, WritesGregorianYearsWhereOthersAreCustomary) {
+    EXPECT_EQ(calendarOf("th_TH").mediumDate(wednesday), u"4 มี.ค. 2026");
+    EXPECT_EQ(calendarOf("fa_IR").mediumDate(wednesday), u"۴ مارس ۲۰۲۶");
+}
+
+TEST(LocalCalendar, WritesAClockOf24HoursForAProgramWithoutALocale) {
+    const LocalCalendar calendar = calendarOf("C");
+    EXPECT_EQ(calendar.weekdayName(wednesday), u"Wednesday");
+    EXPECT_EQ(calendar.mediumDate(wednesday), u"4 Mar 2026");
+    EXPECT_EQ(calendar.shortTime(wednesday), u"15:05");
+}
+
+TEST(LocalCalendar, WritesWhatTheClockOnTheWallShows) {
+    EXPECT_EQ(calendarOf("en_GB", "Asia/Kolkata").shortTime(wednesday), u"20:35");
+    EXPECT_EQ(calendarOf("en_GB", "Pacific/Auckland").weekdayName(wednesday), u"Thursday");
+    EXPECT_EQ(calendarOf("en_GB", "Pacific/Auckland").mediumDate(wednesday), u"5 Mar 2026");
+    EXPECT_EQ(calendarOf("en_GB", "UTC-05:30").shortTime(wednesday), u"09:35");
+    // One minute before the clock goes on to summer time, and at that very moment.
+    const LocalCalendar zurich = calendarOf("en_GB", "Europe/Zurich");
+    EXPECT_EQ(zurich.shortTime(at("2026-03-29T00:59:00")), u"01:59");
+    EXPECT_EQ(zurich.shortTime(at("2026-03-29T01:00:00")), u"03:00");
+    const LocalCalendar santiago = calendarOf("en_GB", "America/Santiago");
+    const Instant dayWithoutMidnight = santiago.startOfDay(at("2025-09-07T12:00:00"));
+    EXPECT_EQ(santiago.shortTime(dayWithoutMidnight), u"01:00");
+    EXPECT_EQ(santiago.weekdayName(dayWithoutMidnight), u"Sunday");
+}
+
+class SystemLocaleTest : public testing::Test {
+protected:
+    SystemLocaleTest() { setAll(nullptr, nullptr, nullptr); }
+    ~SystemLocaleTest() override {
+        for (const auto &[name, value] : m_before)
+            set(name, value);
+    }
+    SystemLocaleTest(const SystemLocaleTest &) = delete;
+    SystemLocaleTest &operator=(const SystemLocaleTest &) = delete;
+
+    static void setAll(const char *all, const char *time, const char *language) {
+        set("LC_ALL", all);
+        set("LC_TIME", time);
+        set("LANG", language);
+    }
+
+    static QString time() {
+        return LocalCalendar(QTimeZone::utc(), QLocale::system()).shortTime(wednesday);
+    }
+
+private:
+    /// A null value takes the variable away.
+    static void set(const char *name, const QByteArray &value) {
+        if (value.isNull())
+            qunsetenv(name);
+        else
+            qputenv(name, value);
+    }
+
+    const std::vector<std::pair<const char *, QByteArray>> m_before{
+        {"LC_ALL", qgetenv("LC_ALL")}, {"LC_TIME", qgetenv("LC_TIME")}, {"LANG", qgetenv("LANG")}};
+};
+
+TEST_F(SystemLocaleTest, WritesTimesInTheLocaleThatIsSetForThem) {
+    setAll(nullptr, "de_DE.UTF-8", "en_US.UTF-8");
+    EXPECT_EQ(time(), u"15:05");
+    setAll(nullptr, "en_US.UTF-8", "de_DE.UTF-8");
+    EXPECT_EQ(time(), u"3:05\u202FPM");
+    setAll("de_DE.UTF-8", "en_US.UTF-8", "en_US.UTF-8");
+    EXPECT_EQ(time(), u"15:05");
+    setAll("", "", "en_US.UTF-8");
+    EXPECT_EQ(time(), u"3:05\u202FPM");
+    setAll(nullptr, nullptr, nullptr);
+    EXPECT_EQ(time(), u"15:05");
 }
 
 TEST(LocalCalendar, RoundsAFractionOfAMillisecondDown) {
