@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QImage>
 #include <QSize>
@@ -11,5 +12,9 @@ namespace vantrel {
 /// its middle. A name that is no symbol's gives a transparent picture and a line in the log.
 [[nodiscard]] QImage symbolPicture(const QString &name, QSize pixels, const QColor &color,
                                    double degrees = 0.0);
+
+/// The SVG text of a symbol of art/: filled paths without a colour of their own. Empty for a name
+/// that is no symbol's.
+[[nodiscard]] QByteArray symbolDrawing(const QString &name);
 
 } // namespace vantrel
