@@ -9,7 +9,10 @@
 //   calendar_writer remove-source UID
 //   calendar_writer disable-source UID
 //   calendar_writer refresh CALENDAR            has a remote one fetch from its server
-//   calendar_writer add-contact FILE            a vCard, to the built-in address book
+//   calendar_writer put-contact FILE            creates or modifies a person of the built-in
+//   address
+//                                               book, a vCard with a UID
+//   calendar_writer remove-contact UID
 //   calendar_writer list CALENDAR QUERY         prints how many there are
 
 #include <libebook/libebook.h>
@@ -138,17 +141,32 @@ bool changeSource(ESourceRegistry *registry, const char *uid, bool isRemoved) {
     return succeed(e_source_write_sync(source, nullptr, &failure));
 }
 
-bool addContact(ESourceRegistry *registry, const char *file) {
-    gchar *text = nullptr;
-    if (!succeed(g_file_get_contents(file, &text, nullptr, &failure)))
-        return false;
+EBookClient *openAddressBook(ESourceRegistry *registry) {
     ESource *source = e_source_registry_ref_builtin_address_book(registry);
     EClient *client =
         e_book_client_connect_sync(source, static_cast<guint32>(-1), nullptr, &failure);
-    return succeed(client) &&
-           succeed(e_book_client_add_contact_sync(
-               reinterpret_cast<EBookClient *>(client), e_contact_new_from_vcard(text),
-               E_BOOK_OPERATION_FLAG_NONE, nullptr, nullptr, &failure));
+    g_object_unref(source);
+    return succeed(client) ? reinterpret_cast<EBookClient *>(client) : nullptr;
+}
+
+bool putContact(EBookClient *book, const char *file) {
+    gchar *text = nullptr;
+    if (!book || !succeed(g_file_get_contents(file, &text, nullptr, &failure)))
+        return false;
+    EContact *contact = e_contact_new_from_vcard(text);
+    EContact *known = nullptr;
+    const auto *uid = static_cast<const char *>(e_contact_get_const(contact, E_CONTACT_UID));
+    const bool isKnown = e_book_client_get_contact_sync(book, uid, &known, nullptr, nullptr);
+    return succeed(isKnown
+                       ? e_book_client_modify_contact_sync(
+                             book, contact, E_BOOK_OPERATION_FLAG_NONE, nullptr, &failure)
+                       : e_book_client_add_contact_sync(book, contact, E_BOOK_OPERATION_FLAG_NONE,
+                                                        nullptr, nullptr, &failure));
+}
+
+bool removeContact(EBookClient *book, const char *uid) {
+    return book && succeed(e_book_client_remove_contact_by_uid_sync(
+                       book, uid, E_BOOK_OPERATION_FLAG_NONE, nullptr, &failure));
 }
 
 bool changeCalendar(ESourceRegistry *registry, const std::string &verb, int argc, char **argv) {
@@ -181,8 +199,10 @@ int main(int argc, char **argv) {
         isDone = addSource(registry, argv[2], argv[3]);
     else if (verb == "remove-source" || verb == "disable-source")
         isDone = changeSource(registry, argv[2], verb == "remove-source");
-    else if (verb == "add-contact")
-        isDone = addContact(registry, argv[2]);
+    else if (verb == "put-contact")
+        isDone = putContact(openAddressBook(registry), argv[2]);
+    else if (verb == "remove-contact")
+        isDone = removeContact(openAddressBook(registry), argv[2]);
     else if (argc > 3 || verb == "refresh")
         isDone = changeCalendar(registry, verb, argc, argv);
     return isDone ? 0 : 1;

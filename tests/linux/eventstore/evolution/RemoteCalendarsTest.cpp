@@ -1,5 +1,6 @@
 #include "EvolutionFixture.h"
 #include "LoopbackServers.h"
+#include "RemoteSources.h"
 
 namespace vantrel {
 namespace {
@@ -12,31 +13,10 @@ using ::testing::IsEmpty;
 
 class RemoteCalendars : public EvolutionFixture {
 protected:
-    void writeAccount(quint16 port, const char *calendarName = "work") const {
-        session.writeSource(
-            QStringLiteral("account"),
-            "[Data Source]\nDisplayName=Office\nEnabled=true\nParent=caldav-stub\n"
-            "[Calendar]\nBackendName=caldav\nColor=#445566\n"
-            "[Authentication]\nHost=127.0.0.1\nPort=" +
-                QByteArray::number(port) +
-                "\nMethod=none\nProxyUid=system-proxy\n"
-                "[Security]\nMethod=none\n"
-                "[WebDAV Backend]\nResourcePath=/me/" +
-                QByteArray(calendarName) +
-                "/\nEmailAddress=Me@Office.Example\n"
-                "[Offline]\nStaySynchronized=true\n[Refresh]\nEnabled=true\nIntervalMinutes=1\n");
-    }
+    void writeAccount(quint16 port) const { session.writeSource(account, accountSource(port)); }
 
     void writeSubscription(quint16 port) const {
-        session.writeSource(QStringLiteral("web"),
-                            "[Data Source]\nDisplayName=Holidays\nEnabled=true\n"
-                            "Parent=webcal-stub\n[Calendar]\nBackendName=webcal\n"
-                            "[Authentication]\nHost=127.0.0.1\nPort=" +
-                                QByteArray::number(port) +
-                                "\nMethod=none\nProxyUid=system-proxy\n[Security]\nMethod=none\n"
-                                "[WebDAV Backend]\nResourcePath=/holidays.ics\n"
-                                "[Offline]\nStaySynchronized=true\n"
-                                "[Refresh]\nEnabled=true\nIntervalMinutes=1\n");
+        session.writeSource(web, subscriptionSource(port));
     }
 
     /// Spares the minute until the service looks by itself.
@@ -119,7 +99,7 @@ TEST_F(RemoteCalendars, ShowAWebSubscriptionAsSuch) {
 }
 
 TEST_F(RemoteCalendars, ShowBirthdaysOfTheAddressBook) {
-    session.write({QStringLiteral("add-contact"),
+    session.write({QStringLiteral("put-contact"),
                    session.file("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:anna\r\nFN:Anna Muster\r\n"
                                 "N:Muster;Anna;;;\r\nBDAY:1990-03-05\r\nEND:VCARD\r\n")});
     begin();
