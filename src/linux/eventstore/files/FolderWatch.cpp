@@ -1,7 +1,6 @@
 #include "FolderWatch.h"
 
 #include <sys/inotify.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
@@ -21,41 +20,47 @@ bool isNeverMeant(const QByteArray &name) {
 
 } // namespace
 
-FolderWatch::FolderWatch(Report report)
-    : m_report(std::move(report)), m_descriptor(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-    if (m_descriptor < 0)
-        return;
-    m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                     [this] { read(); });
+FolderWatch::FolderWatch(Report report, std::shared_ptr<WatchDescriptor> descriptor)
+    : m_report(std::move(report)), m_descriptor(std::move(descriptor)) {
+    m_descriptor->m_watches.insert(this);
 }
 
 FolderWatch::~FolderWatch() {
-    m_notifier.reset();
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
+    m_descriptor->m_watches.erase(this);
+    const std::lock_guard lock(m_descriptor->m_mutex);
+    for (const auto &[folder, interests] : m_folders)
+        letGo(folder);
 }
 
 bool FolderWatch::add(const QByteArray &folder, const QByteArray &name) {
-    // Not under the lock, which the main thread takes too: looking up a folder on a disk that does
-    // not answer may take for ever.
-    const int watch = ::inotify_add_watch(m_descriptor, folder.constData(), watchedEvents);
-    if (watch < 0)
-        return errno != ENOSPC && errno != EBADF && errno != ENOMEM;
-    const std::lock_guard lock(m_mutex);
-    Interest &interest = m_folders[watch].added[folder];
-    if (name.isEmpty())
-        interest.isWhole = true;
-    else
-        interest.names.insert(name);
-    return true;
+    for (;;) {
+        std::unique_lock lock(m_descriptor->m_mutex);
+        const std::uint64_t endings = m_descriptor->m_endings;
+        // Not under the lock, which the main thread takes too: looking up a folder on a disk that
+        // does not answer may take for ever.
+        lock.unlock();
+        const int watch =
+            ::inotify_add_watch(m_descriptor->m_descriptor, folder.constData(), watchedEvents);
+        if (watch < 0)
+            return errno != ENOSPC && errno != EBADF && errno != ENOMEM;
+        lock.lock();
+        if (m_descriptor->m_endings != endings)
+            continue; // This may have been one that another was letting go of meanwhile.
+        m_descriptor->m_holders[watch].insert(this);
+        Interest &interest = m_folders[watch].added[folder];
+        if (name.isEmpty())
+            interest.isWhole = true;
+        else
+            interest.names.insert(name);
+        return true;
+    }
 }
 
 void FolderWatch::sweep() {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard lock(m_descriptor->m_mutex);
     for (auto folder = m_folders.begin(); folder != m_folders.end();) {
         if (folder->second.added.empty()) {
-            ::inotify_rm_watch(m_descriptor, folder->first);
+            letGo(folder->first);
             folder = m_folders.erase(folder);
         } else {
             folder->second.former = std::exchange(folder->second.added, {});
@@ -64,33 +69,21 @@ void FolderWatch::sweep() {
     }
 }
 
+void FolderWatch::letGo(int folder) {
+    const auto holders = m_descriptor->m_holders.find(folder);
+    if (holders == m_descriptor->m_holders.end() || holders->second.erase(this) == 0 ||
+        !holders->second.empty())
+        return;
+    ::inotify_rm_watch(m_descriptor->m_descriptor, folder);
+    m_descriptor->m_holders.erase(holders);
+    ++m_descriptor->m_endings;
+}
+
 bool FolderWatch::Interest::covers(const QByteArray &name) const {
     return name.isEmpty() || (isWhole && !isNeverMeant(name)) || names.contains(name);
 }
 
-void FolderWatch::read() {
-    alignas(inotify_event) char buffer[16 * 1024];
-    std::vector<Event> events;
-    bool isOverflown = false;
-    for (;;) {
-        const auto length = ::read(m_descriptor, buffer, sizeof buffer);
-        if (length <= 0)
-            break;
-        for (ssize_t at = 0; at < length;) {
-            const auto *event = reinterpret_cast<const inotify_event *>(buffer + at);
-            isOverflown = isOverflown || (event->mask & IN_Q_OVERFLOW) != 0;
-            take(*event, events);
-            at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
-        }
-    }
-    if (isOverflown)
-        m_report(std::nullopt);
-    else if (!events.empty())
-        m_report(events);
-}
-
 void FolderWatch::take(const inotify_event &event, std::vector<Event> &events) {
-    const std::lock_guard lock(m_mutex);
     const auto folder = m_folders.find(event.wd);
     if (folder == m_folders.end())
         return;

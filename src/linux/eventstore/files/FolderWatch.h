@@ -1,13 +1,12 @@
 #pragma once
 
+#include "WatchDescriptor.h"
+
 #include <QByteArray>
-#include <QObject>
-#include <QSocketNotifier>
 
 #include <functional>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <set>
 #include <vector>
@@ -16,8 +15,8 @@ struct inotify_event;
 
 namespace vantrel {
 
-/// Notices what happens in folders, by inotify, on one descriptor. Made and destroyed on the main
-/// thread, where it also reports; folders may be added from any thread.
+/// Notices what happens in folders, by inotify. Made and destroyed on the main thread, where it
+/// also reports; folders may be added from any thread.
 class FolderWatch {
 public:
     struct Event {
@@ -29,7 +28,8 @@ public:
     /// What happened since the last report; without a value everything may have.
     using Report = std::function<void(const std::optional<std::vector<Event>> &)>;
 
-    explicit FolderWatch(Report report);
+    explicit FolderWatch(Report report, std::shared_ptr<WatchDescriptor> descriptor =
+                                            std::make_shared<WatchDescriptor>());
     FolderWatch(const FolderWatch &) = delete;
     FolderWatch &operator=(const FolderWatch &) = delete;
     ~FolderWatch();
@@ -42,6 +42,8 @@ public:
     void sweep();
 
 private:
+    friend class WatchDescriptor;
+
     /// What counts in a folder.
     struct Interest {
         bool isWhole = false;       ///< Every name in it.
@@ -60,14 +62,13 @@ private:
         Interests former;
     };
 
-    void read();
+    /// Under the descriptor's mutex.
     void take(const inotify_event &event, std::vector<Event> &events);
+    void letGo(int folder);
 
-    Report m_report;
-    int m_descriptor = -1;
-    std::unique_ptr<QSocketNotifier> m_notifier;
-    std::mutex m_mutex; ///< Guards the folders.
-    std::map<int, Folder> m_folders;
+    const Report m_report;
+    const std::shared_ptr<WatchDescriptor> m_descriptor;
+    std::map<int, Folder> m_folders; ///< Guarded by the descriptor's mutex.
 };
 
 } // namespace vantrel

@@ -8,6 +8,9 @@
 
 #include <gmock/gmock.h>
 
+#include <semaphore>
+#include <thread>
+
 namespace vantrel {
 namespace {
 
@@ -42,12 +45,14 @@ protected:
     CalendarFiles files;
     std::vector<std::string> names;
     std::vector<std::string> folders;
+    const std::shared_ptr<WatchDescriptor> descriptor = std::make_shared<WatchDescriptor>();
     FolderWatch watch{[this](const auto &events) {
-        for (const auto &event : *events) {
-            names.push_back(event.name.toStdString());
-            folders.push_back(event.folder.toStdString());
-        }
-    }};
+                          for (const auto &event : *events) {
+                              names.push_back(event.name.toStdString());
+                              folders.push_back(event.folder.toStdString());
+                          }
+                      },
+                      descriptor};
 };
 
 TEST_F(FolderWatchTest, TellsOfTheNamesThatCountAlone) {
@@ -109,6 +114,84 @@ TEST_F(FolderWatchTest, TellsOfAFolderByEachOfItsPaths) {
     settle();
     EXPECT_THAT(folders, Contains(folder().toStdString()));
     EXPECT_THAT(folders, Contains(link.toStdString()));
+}
+
+/// Another watch on the same descriptor.
+class SharedDescriptorTest : public FolderWatchTest {
+protected:
+    std::unique_ptr<FolderWatch> otherWatch() {
+        return std::make_unique<FolderWatch>(
+            [this](const auto &events) {
+                for (const auto &event : *events)
+                    otherNames.push_back(event.name.toStdString());
+            },
+            descriptor);
+    }
+
+    std::vector<std::string> otherNames;
+    std::unique_ptr<FolderWatch> other = otherWatch();
+};
+
+TEST_F(SharedDescriptorTest, TellsEachWatchOfItsOwnNames) {
+    watch.add(folder(), "a");
+    other->add(folder(), "b");
+    touch("a");
+    touch("b");
+    settle();
+    EXPECT_THAT(names, Contains("a"));
+    EXPECT_THAT(names, Not(Contains("b")));
+    EXPECT_THAT(otherNames, Contains("b"));
+    EXPECT_THAT(otherNames, Not(Contains("a")));
+}
+
+TEST_F(SharedDescriptorTest, GoesOnForOneWatchWhenAnotherLetsTheFolderGo) {
+    other->add(folder());
+    watch.add(folder());
+    other->sweep();
+    other->sweep();
+    touch("a");
+    settle();
+    EXPECT_THAT(names, Contains("a"));
+    EXPECT_THAT(otherNames, IsEmpty());
+}
+
+TEST_F(SharedDescriptorTest, GoesOnForOneWatchWhenAnotherIsGone) {
+    other->add(folder());
+    watch.add(folder());
+    other.reset();
+    touch("a");
+    settle();
+    EXPECT_THAT(names, Contains("a"));
+}
+
+TEST_F(SharedDescriptorTest, LosesNoFolderThatIsAddedWhileAnotherLetsItGo) {
+    constexpr int rounds = 300;
+    // In steps, so that the system's list of what happened does not overflow.
+    std::counting_semaphore<> step{0};
+    std::thread letting([this, &step] {
+        for (int round = 0; round < rounds; ++round) {
+            step.acquire();
+            for (int turn = 0; turn < 10; ++turn) {
+                other->add(folder());
+                other->sweep();
+                other->sweep();
+            }
+        }
+    });
+    for (int round = 0; round < rounds && !HasFailure(); ++round) {
+        step.release();
+        for (int turn = 0; turn < 10; ++turn) {
+            watch.sweep();
+            watch.sweep();
+            watch.add(folder());
+        }
+        names.clear();
+        touch("a");
+        settle();
+        EXPECT_THAT(names, Contains("a"));
+    }
+    step.release(rounds);
+    letting.join();
 }
 
 TEST_F(FolderWatchTest, LeavesAFolderAloneThatIsNotThere) {
