@@ -20,7 +20,8 @@ LocalEventStore::LocalEventStore(MainQueue &queue, StoreConfiguration configurat
       m_configuration(std::move(configuration)),
       m_currentCalendar(std::move(currentCalendar)),
       m_access(std::move(access)),
-      m_grant(m_access->wasGranted.subscribe([this] { start(); })) {}
+      m_grant(m_access->wasGranted.subscribe([this] { start(); })),
+      m_threads(queue) {}
 
 LocalEventStore::~LocalEventStore() = default;
 
@@ -77,7 +78,7 @@ void LocalEventStore::followFile() {
 }
 
 std::unique_ptr<StoreLoader> LocalEventStore::makeLoader() {
-    return std::make_unique<StoreLoader>(m_queue, m_configuration, m_currentCalendar,
+    return std::make_unique<StoreLoader>(m_queue, m_threads, m_configuration, m_currentCalendar,
                                          [this](auto calendars) { take(std::move(calendars)); });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EventIndex.h"
+#include "ReaderThreads.h"
 #include "StoreConfiguration.h"
 
 #include <platform/EventStore.h>
@@ -18,8 +19,9 @@ namespace vantrel {
 class StoreAccess;
 class StoreLoader;
 
-/// The calendars on this machine: folders of `.ics` files, read and expanded on a thread of the
-/// store's own and answered from memory. Main thread only; needs its event loop to run.
+/// The calendars on this machine: folders of `.ics` files and the desktop's accounts, read and
+/// expanded on threads of the store's own and answered from memory. Main thread only; needs its
+/// event loop to run.
 ///
 /// Answers know a window of time around now (see `StoreConfiguration`), which moves along with the
 /// clock; what lies outside is not answered. `changed` is announced when calendars or events
@@ -79,6 +81,7 @@ private:
     std::optional<MonotonicInstant> m_announced; ///< When `changed` was, the last time.
     bool m_isAnnouncing = false;                 ///< The next time is arranged.
     ScheduledWork m_announcement;
+    ReaderThreads m_threads;               ///< Outlives the loader.
     std::unique_ptr<StoreLoader> m_loader; ///< Null as long as nothing may be read.
 };
 

@@ -1,55 +1,34 @@
 #include "SourceReader.h"
 
+#include "ReaderThreads.h"
 #include "StoreCatalog.h"
-
-#include <linux/eventstore/source/StoreLog.h>
-
-#include <QMetaObject>
-#include <QObject>
-#include <QThreadPool>
 
 #include <utility>
 
 namespace vantrel {
 
-namespace {
-
-// In milliseconds.
-constexpr int threadLifetime = 1000; // without work
-constexpr int longestFarewell = 2000;
-
-} // namespace
-
-/// What the thread uses. Outlives the reader where the thread does not come back.
+/// What a round uses, which may go on when the reader has gone.
 struct SourceReader::Core {
     Core(std::unique_ptr<ComponentSource> given, const QStringList &addresses)
-        : source(std::move(given)), catalog({source.get()}, addresses) {
-        worker.setMaxThreadCount(1);
-        worker.setExpiryTimeout(threadLifetime);
-    }
+        : source(std::move(given)), catalog({source.get()}, addresses) {}
 
     std::unique_ptr<ComponentSource> source;
     StoreCatalog catalog;
     SourceReader *owner = nullptr; ///< Of the main thread; null once it has gone.
-    QObject receiver;              ///< Results for it are dropped once it is gone.
-    QThreadPool worker;            ///< One thread, which ends by itself without work.
 };
 
-SourceReader::SourceReader(std::unique_ptr<ComponentSource> source, const QStringList &addresses,
-                           Finished finished)
+SourceReader::SourceReader(std::unique_ptr<ComponentSource> source, QStringList addresses,
+                           ReaderThreads &threads, Finished finished)
     : m_finished(std::move(finished)),
-      m_core(std::make_unique<Core>(std::move(source), addresses)) {
+      m_threads(threads),
+      m_core(std::make_shared<Core>(std::move(source), addresses)),
+      m_addresses(std::move(addresses)) {
     m_core->owner = this;
 }
 
 SourceReader::~SourceReader() {
-    m_changes.reset();
     m_core->owner = nullptr;
     m_core->catalog.stop();
-    if (m_core->worker.waitForDone(longestFarewell))
-        return;
-    qCWarning(eventStoreLog) << "a source of calendars does not answer and is left behind";
-    (void)m_core.release();
 }
 
 void SourceReader::start(const Aim &aim) {
@@ -75,8 +54,8 @@ void SourceReader::readNow(const Aim &aim, Seconds patience) {
     m_trouble = m_core->source->trouble();
 }
 
-void SourceReader::change(std::function<void(ComponentSource &, StoreCatalog &)> work) {
-    m_work.push_back(std::move(work));
+void SourceReader::setAddresses(const QStringList &addresses) {
+    m_addresses = addresses;
     read();
 }
 
@@ -89,18 +68,16 @@ void SourceReader::read() {
     if (m_isReading)
         return;
     m_isReading = true;
-    m_core->worker.start([core = m_core.get(), aim = m_aim, work = std::exchange(m_work, {})] {
-        for (const auto &one : work)
-            one(*core->source, core->catalog);
-        Found found{core->catalog.bring(aim.window, aim.zone), core->source->trouble()};
-        QMetaObject::invokeMethod(
-            &core->receiver,
-            [core, found = std::move(found)]() mutable {
-                if (core->owner)
-                    core->owner->take(std::move(found));
-            },
-            Qt::QueuedConnection);
-    });
+    const auto found = std::make_shared<Found>();
+    m_threads.run(
+        [core = m_core, found, aim = m_aim, addresses = m_addresses] {
+            core->catalog.setAddresses(addresses);
+            *found = {core->catalog.bring(aim.window, aim.zone), core->source->trouble()};
+        },
+        [core = m_core, found] {
+            if (core->owner)
+                core->owner->take(std::move(*found));
+        });
 }
 
 void SourceReader::take(Found found) {

@@ -12,15 +12,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace vantrel {
 
-class StoreCatalog;
+class ReaderThreads;
 
-/// Reads and expands what one source has, on a thread of its own: a source that stands still, on a
-/// disk that does not answer for instance, keeps no other one waiting. Main thread only; needs its
-/// event loop to run.
+/// Reads and expands what one source has, one round at a time. Main thread only; needs its event
+/// loop to run.
 class SourceReader {
 public:
     /// What the answers are for.
@@ -33,13 +31,14 @@ public:
     /// Called when a round of reading is over, and told whether answers may have become different.
     using Finished = std::function<void(bool isDifferent)>;
 
-    SourceReader(std::unique_ptr<ComponentSource> source, const QStringList &addresses,
-                 Finished finished);
+    /// `threads` outlives the reader.
+    SourceReader(std::unique_ptr<ComponentSource> source, QStringList addresses,
+                 ReaderThreads &threads, Finished finished);
     SourceReader(const SourceReader &) = delete;
     SourceReader &operator=(const SourceReader &) = delete;
 
-    /// Waits for a round under way, which ends soon; one that does not is left behind with its
-    /// thread and its source.
+    /// Waits for nothing: the source stays for as long as a round is under way, which ends soon
+    /// where the source does not stand still.
     ~SourceReader();
 
     /// Reads now, and from then on whenever the source changes.
@@ -51,8 +50,8 @@ public:
     /// Has the source answer, and reads once before it returns. Not together with `start`.
     void readNow(const Aim &aim, Seconds patience);
 
-    /// Runs on the reader's thread ahead of the next round, which follows at once.
-    void change(std::function<void(ComponentSource &, StoreCatalog &)> work);
+    /// The user's own are others from the next round on, which follows at once.
+    void setAddresses(const QStringList &addresses);
 
     /// Whether a round has been finished.
     [[nodiscard]] bool hasRead() const { return m_calendars.has_value(); }
@@ -75,10 +74,11 @@ private:
     void take(Found found);
 
     const Finished m_finished;
-    std::unique_ptr<Core> m_core;
+    ReaderThreads &m_threads;
+    const std::shared_ptr<Core> m_core;
     Subscription m_changes;
     Aim m_aim;
-    std::vector<std::function<void(ComponentSource &, StoreCatalog &)>> m_work;
+    QStringList m_addresses;
     std::optional<EventIndex::Calendars> m_calendars;
     QString m_trouble;
     bool m_isReading = false;

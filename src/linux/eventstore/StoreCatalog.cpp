@@ -16,6 +16,8 @@ std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QT
     EventIndex::Calendars answers;
     bool isDifferent = false;
     for (ComponentSource *source : m_sources) {
+        if (m_isStopping)
+            return std::nullopt;
         const CatalogContext context{*source, m_zones, zone, window, m_addresses, m_isStopping};
         for (SourceCalendar &calendar : source->calendars()) {
             if (m_isStopping)

@@ -63,7 +63,7 @@ StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &prof
     const auto read = readConfigurationFile(*configuration.file);
     configuration.take(read.object);
     if (read.state == ConfigurationFile::State::unreadable)
-        configuration.roots.front().mayHaveOthers = true;
+        configuration.mayNameOthers = true;
     return configuration;
 }
 
@@ -91,7 +91,7 @@ std::optional<StoreConfiguration> StoreConfiguration::readAgain() const {
 
 /// Adds what the file names to the calendar home.
 void StoreConfiguration::take(const QJsonObject &object) {
-    roots.front().mayHaveOthers = !isListOfTexts(object.value(QStringLiteral("folders")));
+    mayNameOthers = !isListOfTexts(object.value(QStringLiteral("folders")));
     for (const QString &folder : texts(object, QStringLiteral("folders"), *file))
         roots.push_back({withHome(folder), {}, false});
     for (const QString &address : texts(object, QStringLiteral("addresses"), *file))

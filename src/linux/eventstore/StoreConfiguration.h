@@ -18,6 +18,10 @@ namespace vantrel {
 /// What a store reads, for whom, and how far it looks.
 struct StoreConfiguration {
     std::vector<FolderRoot> roots;
+
+    /// Further places may have been named, in a file that makes no sense.
+    bool mayNameOthers = false;
+
     QStringList addresses; ///< The user's own, lower case, without "mailto:".
 
     /// The module that shows the desktop's accounts; without one they are left alone.

@@ -1,7 +1,5 @@
 #include "StoreLoader.h"
 
-#include "StoreCatalog.h"
-
 #include <linux/eventstore/evolution/EvolutionSource.h>
 #include <linux/eventstore/folders/FolderSource.h>
 #include <linux/eventstore/ical/ZoneRegistry.h>
@@ -34,30 +32,31 @@ Window windowBetween(Instant from, Instant to) {
             secondsOf(std::ceil(to.time_since_epoch().count()))};
 }
 
+FolderReaders::MakeSource fromDisk(MainQueue &queue) {
+    return [&queue, descriptor = std::make_shared<WatchDescriptor>()](const FolderRoot &root) {
+        return std::make_unique<FolderSource>(queue, root, descriptor);
+    };
+}
+
 } // namespace
 
-StoreLoader::StoreLoader(MainQueue &queue, StoreConfiguration configuration,
-                         CurrentCalendar currentCalendar, Take take, Sources further)
+StoreLoader::StoreLoader(MainQueue &queue, ReaderThreads &threads, StoreConfiguration configuration,
+                         CurrentCalendar currentCalendar, Take take,
+                         FolderReaders::MakeSource makeSource)
     : m_queue(queue),
       m_configuration(std::move(configuration)),
       m_currentCalendar(std::move(currentCalendar)),
-      m_take(std::move(take)) {
+      m_take(std::move(take)),
+      m_folders(threads, makeSource ? std::move(makeSource) : fromDisk(queue),
+                [this](bool isDifferent) { note(isDifferent); }) {
     if (!ZoneRegistry::hasSystemZones())
         qCWarning(eventStoreLog) << "the system has no time-zone database (package tzdata); only "
                                     "zones that calendars describe themselves are known";
-    add(std::make_unique<FolderSource>(m_queue, m_configuration.roots));
+    m_folders.follow(m_configuration.roots, m_configuration.addresses, [](SourceReader &) {});
     if (m_configuration.evolutionModule)
-        add(std::make_unique<EvolutionSource>(*m_configuration.evolutionModule));
-    for (auto &source : further)
-        add(std::move(source));
-}
-
-void StoreLoader::add(std::unique_ptr<ComponentSource> source) {
-    m_readers.push_back(std::make_unique<SourceReader>(std::move(source), m_configuration.addresses,
-                                                       [this](bool isDifferent) {
-                                                           if (isDifferent)
-                                                               m_take(everything());
-                                                       }));
+        m_accounts = std::make_unique<SourceReader>(
+            std::make_unique<EvolutionSource>(*m_configuration.evolutionModule),
+            m_configuration.addresses, threads, [this](bool isDifferent) { note(isDifferent); });
 }
 
 void StoreLoader::start() {
@@ -68,40 +67,59 @@ void StoreLoader::start() {
         m_configurationWatch = std::make_unique<ConfigurationWatch>(
             m_queue, *m_configuration.file, [this] { noteConfiguration(); });
     m_aim = aimNow();
-    for (const auto &reader : m_readers)
+    for (SourceReader *const reader : readers())
         reader->start(m_aim);
+    if (readers().empty())
+        m_take(everything());
     m_rolling = m_queue.every(rollInterval, [this] { rollWhenDue(); });
     armForMidnight();
 }
 
 void StoreLoader::loadNow() {
-    for (const auto &reader : m_readers)
+    for (SourceReader *const reader : readers())
         reader->readNow(aimNow(), patience);
     m_take(everything());
 }
 
 bool StoreLoader::isLoaded() const {
-    return std::all_of(m_readers.begin(), m_readers.end(),
-                       [](const auto &reader) { return reader->hasRead(); });
+    const auto all = readers();
+    return std::all_of(all.begin(), all.end(),
+                       [](const SourceReader *reader) { return reader->hasRead(); });
 }
 
 QStringList StoreLoader::troubles() const {
     QStringList troubles;
-    for (const auto &reader : m_readers) {
+    for (const SourceReader *const reader : readers()) {
         if (!reader->trouble().isEmpty())
             troubles.append(reader->trouble());
     }
     return troubles;
 }
 
+std::vector<SourceReader *> StoreLoader::readers() const {
+    std::vector<SourceReader *> readers;
+    for (const auto &reader : m_folders.readers())
+        readers.push_back(reader.get());
+    if (m_accounts)
+        readers.push_back(m_accounts.get());
+    return readers;
+}
+
 EventIndex::Calendars StoreLoader::everything() const {
-    EventIndex::Calendars all;
-    for (const auto &reader : m_readers) {
-        const EventIndex::Calendars its = reader->calendars();
+    EventIndex::Calendars all = m_folders.calendars();
+    if (m_configuration.mayNameOthers)
+        all.knowledge.emplace_back();
+    if (m_accounts) {
+        const EventIndex::Calendars its = m_accounts->calendars();
         all.list.insert(all.list.end(), its.list.begin(), its.list.end());
         all.knowledge.insert(all.knowledge.end(), its.knowledge.begin(), its.knowledge.end());
     }
     return all;
+}
+
+void StoreLoader::note(bool isDifferent) {
+    if (isDifferent)
+        m_take(everything());
 }
 
 void StoreLoader::noteQuestion(Instant from, Instant to) {
@@ -148,14 +166,11 @@ void StoreLoader::noteConfiguration() {
     if (!configuration)
         return;
     m_configuration = *configuration;
-    for (const auto &reader : m_readers) {
-        reader->change(
-            [configuration = *configuration](ComponentSource &source, StoreCatalog &catalog) {
-                catalog.setAddresses(configuration.addresses);
-                if (auto *folders = dynamic_cast<FolderSource *>(&source))
-                    folders->setRoots(configuration.roots);
-            });
-    }
+    m_folders.follow(m_configuration.roots, m_configuration.addresses,
+                     [this](SourceReader &reader) { reader.start(m_aim); });
+    if (m_accounts)
+        m_accounts->setAddresses(m_configuration.addresses);
+    m_take(everything());
 }
 
 void StoreLoader::rollWhenDue() {
@@ -163,7 +178,7 @@ void StoreLoader::rollWhenDue() {
     if (aim == m_aim)
         return;
     m_aim = aim;
-    for (const auto &reader : m_readers)
+    for (SourceReader *const reader : readers())
         reader->aimAt(aim);
     armForMidnight();
 }

@@ -3,6 +3,7 @@
 #include "ClockWatch.h"
 #include "ConfigurationWatch.h"
 #include "EventIndex.h"
+#include "FolderReaders.h"
 #include "SourceReader.h"
 #include "StoreConfiguration.h"
 #include "WakeWatch.h"
@@ -21,19 +22,22 @@
 
 namespace vantrel {
 
+class ReaderThreads;
+
 /// Keeps answers in line with the sources, the configuration and the clock: has each source read
-/// and expanded, on a thread of its own, whenever it changes, the window has to move on, or the
-/// clock or the zone is set. Main thread only; needs its event loop to run.
+/// and expanded whenever it changes, the window has to move on, or the clock or the zone is set.
+/// Main thread only; needs its event loop to run.
 class StoreLoader {
 public:
     /// Called with the answers that take the place of all earlier ones; without a value when
     /// they stay, but what is asked may depend on the clock, which was set.
     using Take = std::function<void(std::optional<EventIndex::Calendars>)>;
-    using Sources = std::vector<std::unique_ptr<ComponentSource>>;
 
-    /// `queue` outlives the loader. `further` are sources beside those of the configuration.
-    StoreLoader(MainQueue &queue, StoreConfiguration configuration, CurrentCalendar currentCalendar,
-                Take take, Sources further = {});
+    /// `queue` and `threads` outlive the loader. Without a `makeSource` folders are read from the
+    /// disk.
+    StoreLoader(MainQueue &queue, ReaderThreads &threads, StoreConfiguration configuration,
+                CurrentCalendar currentCalendar, Take take,
+                FolderReaders::MakeSource makeSource = nullptr);
 
     /// From here on `take` is called, whenever a source was heard.
     void start();
@@ -51,8 +55,9 @@ public:
     void noteQuestion(Instant from, Instant to);
 
 private:
-    void add(std::unique_ptr<ComponentSource> source);
+    [[nodiscard]] std::vector<SourceReader *> readers() const;
     [[nodiscard]] EventIndex::Calendars everything() const;
+    void note(bool isDifferent);
     [[nodiscard]] SourceReader::Aim aimNow() const;
     [[nodiscard]] Window windowNow() const;
     void armForMidnight();
@@ -73,7 +78,8 @@ private:
     std::unique_ptr<ClockWatch> m_clockWatch;
     std::unique_ptr<WakeWatch> m_wakeWatch;
     std::unique_ptr<ConfigurationWatch> m_configurationWatch;
-    std::vector<std::unique_ptr<SourceReader>> m_readers; ///< The first one reads the folders.
+    FolderReaders m_folders;
+    std::unique_ptr<SourceReader> m_accounts; ///< Null where they are left alone.
 };
 
 } // namespace vantrel

@@ -107,7 +107,7 @@ TEST_F(ConsentTest, StartsByItselfOnceAllowedAndAnnouncesTheCalendars) {
     request();
     prompt.answer(Answer::allowed);
     EXPECT_EQ(live->authorizationStatus(), StoreAuthorization::fullAccess);
-    settle([this] { return changes > 0; });
+    settle([this] { return changes > 0 && live->isLoaded(); });
     EXPECT_THAT(titles(*live), ElementsAre("meeting"));
     EXPECT_THAT(answers, ElementsAre(true));
     EXPECT_EQ(record().read(), StoreAuthorization::fullAccess);
@@ -128,7 +128,7 @@ TEST_F(ConsentTest, KeepsARefusalAndAsksAgainWhenItIsAskedAgain) {
     request();
     ASSERT_EQ(prompt.questions.size(), 2U);
     prompt.answer(Answer::allowed);
-    settle([this] { return changes > 0; });
+    settle([this] { return changes > 0 && live->isLoaded(); });
     EXPECT_THAT(answers, ElementsAre(false, true));
     EXPECT_EQ(record().read(), StoreAuthorization::fullAccess);
 }
@@ -174,7 +174,7 @@ TEST_F(ConsentTest, StartsWithoutAQuestionWhereTheUserAllowedItBefore) {
     record().keep(true);
     makeStore(&prompt);
     live->start();
-    settle([this] { return changes > 0; });
+    settle([this] { return changes > 0 && live->isLoaded(); });
     EXPECT_THAT(titles(*live), ElementsAre("meeting"));
     request();
     EXPECT_THAT(answers, IsEmpty()) << "not before the request returns";
@@ -220,7 +220,7 @@ TEST_F(ConsentTest, ReadsForThisRunWhatWasAllowedButCouldNotBeKept) {
     QDir().mkpath(files.path(QStringLiteral("access.json")));
     request();
     prompt.answer(Answer::allowed);
-    settle([this] { return changes > 0; });
+    settle([this] { return changes > 0 && live->isLoaded(); });
     EXPECT_TRUE(log.has("access.json", "the answer is not kept")) << log.text();
     request();
     settle([this] { return answers.size() == 2; });

@@ -3,9 +3,11 @@
 #include <linux/eventstore/folders/FolderChanges.h>
 
 #include <QDateTime>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace vantrel {
 namespace {
@@ -330,6 +332,37 @@ TEST_F(LiveStore, GoesAwayInTheMiddleOfReading) {
     live->start();
     live.reset();
     QCoreApplication::processEvents();
+}
+
+/// How many inotify descriptors this process holds.
+int watchDescriptors() {
+    int count = 0;
+    const auto entries = QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System);
+    for (const QFileInfo &entry : entries) {
+        char target[64] = {};
+        const auto length =
+            ::readlink(QFile::encodeName(entry.filePath()).constData(), target, sizeof target - 1);
+        count += length > 0 && QByteArray(target) == "anon_inode:inotify" ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(LiveStore, WatchesManyFoldersByOneDescriptor) {
+    begin({QStringLiteral("0")});
+    const int withOne = watchDescriptors();
+    EXPECT_GT(withOne, 0);
+    live.reset();
+    QStringList names;
+    for (int index = 0; index < 20; ++index) {
+        names.append(QString::number(index));
+        files.write(names.back() + QStringLiteral("/a.ics"), oneEvent(names.back().toUtf8()));
+    }
+    begin(names);
+    settleQuiet(); // The announcement that all are loaded.
+    EXPECT_EQ(watchDescriptors(), withOne);
+    replace(QStringLiteral("19/a.ics"), oneEvent("other"));
+    settleChange();
+    EXPECT_EQ(titles(*live).back(), "other");
 }
 
 TEST_F(LiveStore, LooksOnceAMinuteWhereNothingCanBeWatched) {

@@ -71,20 +71,20 @@ TEST_F(StoreConfigurationTest, PassesOverAFileThatCannotBeRead) {
 }
 
 TEST_F(StoreConfigurationTest, AFileBehindALinkThatLeadsNowhereMayNameFolders) {
-    EXPECT_FALSE(StoreConfiguration::ofUser().roots.front().mayHaveOthers);
+    EXPECT_FALSE(StoreConfiguration::ofUser().mayNameOthers);
     QDir().mkpath(files.path(QStringLiteral("config")));
     const QString folder = files.path(QStringLiteral("config/Vantrel"));
     ASSERT_TRUE(QFile::link(files.path(QStringLiteral("dotfiles")), folder));
-    EXPECT_TRUE(StoreConfiguration::ofUser().roots.front().mayHaveOthers);
+    EXPECT_TRUE(StoreConfiguration::ofUser().mayNameOthers);
     EXPECT_TRUE(log.has("calendars.json", "not read")) << log.text();
 
     QDir().mkpath(files.path(QStringLiteral("dotfiles")));
-    EXPECT_FALSE(StoreConfiguration::ofUser().roots.front().mayHaveOthers);
+    EXPECT_FALSE(StoreConfiguration::ofUser().mayNameOthers);
     ASSERT_TRUE(
         QFile::link(QStringLiteral("elsewhere.json"), folder + QStringLiteral("/calendars.json")));
-    EXPECT_TRUE(StoreConfiguration::ofUser().roots.front().mayHaveOthers);
+    EXPECT_TRUE(StoreConfiguration::ofUser().mayNameOthers);
     files.write(QStringLiteral("dotfiles/elsewhere.json"), "{}");
-    EXPECT_FALSE(StoreConfiguration::ofUser().roots.front().mayHaveOthers);
+    EXPECT_FALSE(StoreConfiguration::ofUser().mayNameOthers);
 }
 
 TEST_F(StoreConfigurationTest, PassesOverWhatIsNoText) {

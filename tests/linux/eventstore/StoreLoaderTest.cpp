@@ -1,17 +1,19 @@
+#include "CalendarFiles.h"
 #include "CapturedLog.h"
 
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
-#include <linux/eventstore/StoreCatalog.h>
+#include <linux/eventstore/ReaderThreads.h>
 #include <linux/eventstore/StoreLoader.h>
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QEventLoop>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <semaphore>
 
 namespace vantrel {
@@ -65,23 +67,29 @@ class StoreLoaderTest : public testing::Test {
 protected:
     ~StoreLoaderTest() override { slowGate.release(1000); }
 
-    void begin() {
-        StoreLoader::Sources sources;
-        auto slow = std::make_unique<OneCalendar>(QStringLiteral("slow"), slowGate);
-        auto quick = std::make_unique<OneCalendar>(QStringLiteral("quick"), quickGate);
-        quickSource = quick.get();
-        sources.push_back(std::move(slow));
-        sources.push_back(std::move(quick));
+    /// A source for each named place; those that are called "slow" stand still.
+    void begin(const QStringList &names) {
+        configuration.file = files.path(QStringLiteral("calendars.json"));
+        for (const QString &name : names)
+            configuration.roots.push_back({name, {}, false});
         loader = std::make_unique<StoreLoader>(
-            queue, StoreConfiguration(), [] { return fakes::calendarIn("UTC"); },
+            queue, *threads, configuration, [] { return fakes::calendarIn("UTC"); },
             [this](auto calendars) {
                 ++takes;
                 if (calendars)
                     latest = std::move(*calendars);
             },
-            std::move(sources));
+            [this](const FolderRoot &root) {
+                const bool isSlow = root.path.startsWith(QLatin1String("slow"));
+                auto source =
+                    std::make_unique<OneCalendar>(root.path, isSlow ? slowGate : quickGate);
+                sources[root.path] = source.get();
+                return source;
+            });
         loader->start();
     }
+
+    void beginWithOneSlow() { begin({QStringLiteral("slow"), QStringLiteral("quick")}); }
 
     template <typename Condition>
     void settle(Condition condition) {
@@ -103,40 +111,48 @@ protected:
     CapturedLog log;
     std::counting_semaphore<> slowGate{0};
     std::counting_semaphore<> quickGate{1};
-    OneCalendar *quickSource = nullptr;
+    CalendarFiles files;
+    StoreConfiguration configuration;
+    std::map<QString, OneCalendar *> sources;
+    std::unique_ptr<ReaderThreads> threads = std::make_unique<ReaderThreads>(queue);
     std::unique_ptr<StoreLoader> loader;
     EventIndex::Calendars latest;
     int takes = 0;
 };
 
-TEST_F(StoreLoaderTest, ASourceThatStandsStillKeepsNoOtherWaiting) {
-    begin();
+TEST_F(StoreLoaderTest, AFolderThatStandsStillKeepsNoOtherWaiting) {
+    beginWithOneSlow();
     settle([this] { return shown() == std::vector<std::string>{"quick"}; });
     EXPECT_FALSE(loader->isLoaded());
     // Changes of the others come through as well.
     const int before = takes;
-    quickSource->changed.announce();
+    sources[QStringLiteral("quick")]->changed.announce();
     settle([this, before] { return takes > before; });
     slowGate.release();
     settle([this] { return loader->isLoaded(); });
     EXPECT_THAT(shown(), ElementsAre("slow", "quick"));
 }
 
-TEST_F(StoreLoaderTest, KnowsLessAsLongAsASourceWasNotHeard) {
-    begin();
+TEST_F(StoreLoaderTest, KnowsLessAsLongAsAFolderWasNotHeard) {
+    beginWithOneSlow();
     settle([this] { return !shown().empty(); });
-    ASSERT_EQ(latest.knowledge.size(), 3U);
-    EXPECT_FALSE(latest.knowledge[1].isComplete);
-    EXPECT_TRUE(latest.knowledge[2].isComplete);
+    ASSERT_EQ(latest.knowledge.size(), 2U);
+    EXPECT_FALSE(latest.knowledge[0].isComplete);
+    EXPECT_TRUE(latest.knowledge[1].isComplete);
     slowGate.release();
     settle([this] { return loader->isLoaded(); });
-    EXPECT_TRUE(latest.knowledge[1].isComplete);
+    EXPECT_TRUE(latest.knowledge[0].isComplete);
 }
 
-TEST_F(StoreLoaderTest, GoesAwayWhileASourceStandsStill) {
-    begin();
+TEST_F(StoreLoaderTest, GoesAwayAtOnceWhileAFolderStandsStillAndQuitsInTime) {
+    beginWithOneSlow();
     settle([this] { return !shown().empty(); });
+    QElapsedTimer clock;
+    clock.start();
     loader.reset();
+    EXPECT_LT(clock.elapsed(), 500);
+    threads.reset();
+    EXPECT_LT(clock.elapsed(), 2000);
     EXPECT_TRUE(log.has("does not answer", "left behind")) << log.text();
     const int before = takes;
     slowGate.release();
@@ -144,6 +160,46 @@ TEST_F(StoreLoaderTest, GoesAwayWhileASourceStandsStill) {
     while (!quiet.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     EXPECT_EQ(takes, before);
+}
+
+TEST_F(StoreLoaderTest, AFolderThatStandsStillCanBeTakenOutOfTheFile) {
+    beginWithOneSlow();
+    settle([this] { return !shown().empty(); });
+    files.write(QStringLiteral("calendars.json"), R"({"folders": ["quick"]})");
+    const auto known = [this] { return latest.knowledge.size(); };
+    settle([&] {
+        queue.advance(Seconds{0.2});
+        return known() == 1U;
+    });
+    EXPECT_THAT(shown(), ElementsAre("quick"));
+    EXPECT_TRUE(loader->isLoaded());
+    slowGate.release(); // Its thread comes back to a source that is there, and nobody is told.
+    threads.reset();
+    EXPECT_FALSE(log.has("left behind", "")) << log.text();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(shown(), ElementsAre("quick"));
+}
+
+TEST_F(StoreLoaderTest, FoldersThatStayInTheFileAreNotMadeAnew) {
+    begin({QStringLiteral("one"), QStringLiteral("two")});
+    settle([this] { return loader->isLoaded(); });
+    files.write(QStringLiteral("calendars.json"), R"({"folders": ["two", "three", "two"]})");
+    const OneCalendar *const two = sources[QStringLiteral("two")];
+    settle([this] {
+        queue.advance(Seconds{0.2});
+        return shown() == std::vector<std::string>{"two", "three"};
+    });
+    EXPECT_EQ(sources[QStringLiteral("two")], two);
+}
+
+TEST_F(StoreLoaderTest, AHundredFoldersAreReadInTheirOrder) {
+    QStringList names;
+    for (int index = 0; index < 100; ++index)
+        names.append(QStringLiteral("place %1").arg(index));
+    begin(names);
+    settle([this] { return loader->isLoaded(); });
+    EXPECT_EQ(shown().size(), 100U);
+    EXPECT_EQ(shown()[99], "place 99");
 }
 
 } // namespace

@@ -19,12 +19,16 @@ constexpr Seconds pollInterval{60.0};
 
 } // namespace
 
-FolderChanges::FolderChanges(MainQueue &queue, std::function<void()> announce)
-    : m_queue(queue), m_announce(std::move(announce)) {}
+FolderChanges::FolderChanges(MainQueue &queue, std::function<void()> announce,
+                             std::shared_ptr<WatchDescriptor> descriptor)
+    : m_queue(queue), m_announce(std::move(announce)), m_descriptor(std::move(descriptor)) {}
 
 void FolderChanges::start() {
+    if (!m_descriptor)
+        m_descriptor = std::make_shared<WatchDescriptor>();
     m_watch = std::make_unique<FolderWatch>(
-        [this](const std::optional<std::vector<FolderWatch::Event>> &events) { note(events); });
+        [this](const std::optional<std::vector<FolderWatch::Event>> &events) { note(events); },
+        m_descriptor);
 }
 
 FolderChanges::Changes FolderChanges::take() {

@@ -27,8 +27,9 @@ public:
     };
 
     /// `announce` is called after changes: 0.1 s after the last of them, but not later than 1 s
-    /// after the first.
-    FolderChanges(MainQueue &queue, std::function<void()> announce);
+    /// after the first. `descriptor` may be shared with other watches.
+    FolderChanges(MainQueue &queue, std::function<void()> announce,
+                  std::shared_ptr<WatchDescriptor> descriptor = nullptr);
 
     /// From here on folders can be watched.
     void start();
@@ -57,6 +58,7 @@ private:
 
     MainQueue &m_queue;
     const std::function<void()> m_announce;
+    std::shared_ptr<WatchDescriptor> m_descriptor; ///< Null for one of its own.
     std::unique_ptr<FolderWatch> m_watch;
     ScheduledWork m_announcement;
     std::optional<MonotonicInstant> m_firstEvent; ///< Of those that are not announced yet.

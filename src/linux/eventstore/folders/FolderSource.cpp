@@ -39,52 +39,52 @@ bool isTouched(const FolderChanges::Changes &changes, const QByteArray &folder,
 
 } // namespace
 
-FolderSource::FolderSource(MainQueue &queue, std::vector<FolderRoot> roots)
-    : m_changes(queue, [this] { changed.announce(); }), m_roots(std::move(roots)) {}
+FolderSource::FolderSource(MainQueue &queue, FolderRoot root,
+                           std::shared_ptr<WatchDescriptor> descriptor)
+    : m_changes(
+          queue, [this] { changed.announce(); }, std::move(descriptor)),
+      m_root(std::move(root)) {}
 
 std::vector<SourceCalendar> FolderSource::calendars() {
     Round round;
     round.changes = m_changes.take();
-    for (const FolderRoot &root : m_roots)
-        lookAt(root, round);
+    lookAtRoot(round);
     m_changes.endRound();
     m_places = std::move(round.places);
     for (const SourceCalendar &one : round.calendars)
-        m_rootOf.insert(one.calendar.calendarIdentifier, one.calendar.source.sourceIdentifier);
-    m_knowledge = {round.isComplete, {}, deletedCalendars(round)};
+        m_everListed.insert(one.calendar.calendarIdentifier);
+    m_knowledge = {round.isComplete, {}, deletedCalendars(round), std::move(round.placesOnDisk)};
     return std::move(round.calendars);
 }
 
-/// An identifier does not tell where its calendar lay. So nothing can be told of one that was not
-/// listed since the start, nor of one whose root is no longer named: it may be named again.
+/// An identifier does not tell where its calendar lay, so nothing can be told of one that was not
+/// listed since the start.
 std::set<QString> FolderSource::deletedCalendars(const Round &round) const {
     std::set<QString> deleted;
     if (!round.isComplete || !round.isCertain)
         return deleted;
-    for (auto one = m_rootOf.constBegin(); one != m_rootOf.constEnd(); ++one) {
-        if (round.roots.contains(one.value()) && !round.present.contains(one.key()))
-            deleted.insert(one.key());
+    for (const QString &one : m_everListed) {
+        if (!round.present.contains(one))
+            deleted.insert(one);
     }
     return deleted;
 }
 
-void FolderSource::lookAt(const FolderRoot &root, Round &round) {
-    round.isComplete = round.isComplete && !root.mayHaveOthers;
-    const QByteArray path = files::absolute(QFile::encodeName(root.path));
+void FolderSource::lookAtRoot(Round &round) {
+    const QByteArray path = files::absolute(QFile::encodeName(m_root.path));
     m_changes.watchForPath(path);
     const QString name = QFile::decodeName(files::nameOf(path));
     const StoreSource source{identifierOfPath("root:" + path),
-                             root.title.isEmpty() ? name : root.title};
-    round.roots.insert(source.sourceIdentifier);
+                             m_root.title.isEmpty() ? name : m_root.title};
     switch (files::status(path).kind) {
     case files::Kind::folder:
-        return lookAtFolder(path, source, root.isCalendarHome, round);
+        return lookAtFolder(path, source, round);
     case files::Kind::file:
         return addCalendar(source, path, true, round);
     case files::Kind::missing:
         // Nobody need have a home for calendars, but one that is gone may come back.
         round.isCertain = false;
-        return root.isCalendarHome ? void() : passOver(path, ENOENT, "no calendars", round);
+        return m_root.isCalendarHome ? void() : passOver(path, ENOENT, "no calendars", round);
     case files::Kind::other:
         return passOver(path, EINVAL, "no calendars", round);
     case files::Kind::unreadable:
@@ -94,8 +94,7 @@ void FolderSource::lookAt(const FolderRoot &root, Round &round) {
 
 /// What lies in a folder decides what it is: with items in it a calendar; with folders in it those
 /// are calendars, unless it is one itself and they hold nothing that a calendar would.
-void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &source,
-                                bool isCalendarHome, Round &round) {
+void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &source, Round &round) {
     m_changes.watch(files::resolved(path));
     int error = 0;
     auto entries = files::list(path, files::Detail::kind, error);
@@ -104,7 +103,7 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
     m_troubles.remove(path);
     if (entries->empty()) {
         round.isCertain = false;
-        round.isComplete = round.isComplete && isCalendarHome;
+        round.isComplete = round.isComplete && m_root.isCalendarHome;
     }
     if (files::hasBrokenLink(path))
         round.isComplete = false;
@@ -113,13 +112,13 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
     const bool hasItems = std::any_of(entries->begin(), entries->end(), isItem);
     const bool hasFolders = std::any_of(entries->begin(), entries->end(),
                                         [](const auto &entry) { return entry.isFolder; });
-    if (hasItems || (!hasFolders && !isCalendarHome))
+    if (hasItems || (!hasFolders && !m_root.isCalendarHome))
         addCalendar(source, path, false, round);
     for (const files::Entry &entry : *entries) {
         const QByteArray inner = path + '/' + entry.name;
         if (!entry.isFolder)
             continue;
-        if (isCalendarHome || !hasItems || looksLikeCalendar(inner))
+        if (m_root.isCalendarHome || !hasItems || looksLikeCalendar(inner))
             addCalendar(source, inner, false, round);
         else if (isEmptyOrUnreadable(inner))
             round.isCertain = false;
@@ -135,7 +134,8 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
                                Round &round) {
     const files::Status status = files::status(path);
     round.present.insert(identifierOfPath(path));
-    if (!round.seen.emplace(status.device, status.inode).second)
+    const PlaceOnDisk onDisk{status.device, status.inode};
+    if (!round.seen.insert(onDisk).second)
         return;
     SourceCalendar calendar;
     calendar.calendar = isFile ? describeFile(path) : describeFolder(path);
@@ -157,6 +157,7 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
         rewritten != round.changes.rewritten.end())
         calendar.rewrittenItems = rewritten->second;
     round.places.insert(identifier, std::move(place));
+    round.placesOnDisk.emplace(identifier, onDisk);
     round.calendars.push_back(std::move(calendar));
 }
 

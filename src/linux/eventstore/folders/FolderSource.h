@@ -9,8 +9,9 @@
 #include <QSet>
 #include <QString>
 
+#include <map>
+#include <memory>
 #include <set>
-#include <utility>
 #include <vector>
 
 namespace vantrel {
@@ -22,22 +23,21 @@ struct FolderRoot {
     QString title; ///< As the user knows it; the last part of the path when empty.
     /// A folder of calendar folders even as long as it is empty; it may well be missing.
     bool isCalendarHome = false;
-    /// Further places may have been named that could not be found out.
-    bool mayHaveOthers = false;
+
+    bool operator==(const FolderRoot &) const = default;
 };
 
 /// Calendars from folders in the vdir layout: one folder a calendar, one `.ics` file an item, the
 /// files `displayname` and `color` to describe it. Files whose names end in anything else, or
-/// begin with a dot, are left alone; folders within calendar folders too. A place that two roots
-/// lead to is one calendar.
+/// begin with a dot, are left alone; folders within calendar folders too. A place that two names
+/// below the root lead to is one calendar.
 class FolderSource : public ComponentSource {
 public:
-    FolderSource(MainQueue &queue, std::vector<FolderRoot> roots);
+    /// `descriptor` may be shared with other sources.
+    FolderSource(MainQueue &queue, FolderRoot root,
+                 std::shared_ptr<WatchDescriptor> descriptor = nullptr);
 
     void start() override { m_changes.start(); }
-
-    /// Other places from the next question on. To be called on the thread that asks.
-    void setRoots(std::vector<FolderRoot> roots) { m_roots = std::move(roots); }
 
     [[nodiscard]] std::vector<SourceCalendar> calendars() override;
     [[nodiscard]] SourceKnowledge knowledge() const override { return m_knowledge; }
@@ -61,24 +61,23 @@ private:
         }
     };
 
-    /// One look at all roots.
+    /// One look at the root.
     struct Round {
         FolderChanges::Changes changes;
-        std::set<std::pair<std::uint64_t, std::uint64_t>> seen; ///< Device and inode.
+        std::set<PlaceOnDisk> seen;
         std::vector<SourceCalendar> calendars;
         QHash<QString, Place> places; ///< By calendar identifier.
-        QSet<QString> roots;          ///< Identifiers of the sources that are named.
+        std::map<QString, PlaceOnDisk> placesOnDisk;
         /// Identifiers of the calendars that are there, be they listed under another one.
         QSet<QString> present;
-        /// Nothing that was named, or linked to, is missing or cannot be read.
+        /// The root, or what a link in it leads to, is not missing and can be read.
         bool isComplete = true;
         /// Nothing looks like a place where something is to be mounted, either.
         bool isCertain = true;
     };
 
-    void lookAt(const FolderRoot &root, Round &round);
-    void lookAtFolder(const QByteArray &path, const StoreSource &source, bool isCalendarHome,
-                      Round &round);
+    void lookAtRoot(Round &round);
+    void lookAtFolder(const QByteArray &path, const StoreSource &source, Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
     [[nodiscard]] std::set<QString> deletedCalendars(const Round &round) const;
     void passOver(const QByteArray &path, int error, const char *what, Round &round);
@@ -88,10 +87,9 @@ private:
     FolderChanges m_changes;
 
     // Of the thread that asks.
-    std::vector<FolderRoot> m_roots;
+    const FolderRoot m_root;
     QHash<QString, Place> m_places; ///< By calendar identifier.
-    /// The root under which each calendar was listed last, since the start; both by identifier.
-    QHash<QString, QString> m_rootOf;
+    QSet<QString> m_everListed;     ///< Identifiers of calendars, since the start.
     SourceKnowledge m_knowledge;
     QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.
 };

@@ -9,7 +9,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <vector>
@@ -45,7 +47,15 @@ struct SourceCalendar {
     QStringList addresses;
 };
 
-/// What a source can tell about calendars that it does not list.
+/// Which file or folder it is, whatever its paths.
+struct PlaceOnDisk {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+
+    auto operator<=>(const PlaceOnDisk &) const = default;
+};
+
+/// What a source can tell beside the list of its calendars.
 struct SourceKnowledge {
     /// Everything it has is listed. False while it has not been heard, or not in full: calendars
     /// may still come without anybody adding one.
@@ -58,6 +68,9 @@ struct SourceKnowledge {
 
     /// The identifiers of single calendars of which the same is certain.
     std::set<QString> deletedCalendars = {};
+
+    /// Where its calendars lie, by identifier, as far as another source may list a place too.
+    std::map<QString, PlaceOnDisk> places = {};
 
     bool operator==(const SourceKnowledge &) const = default;
 };

@@ -3,7 +3,6 @@
 
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
-#include <linux/eventstore/StoreConfiguration.h>
 #include <linux/eventstore/folders/FolderDescription.h>
 #include <linux/eventstore/folders/FolderSource.h>
 
@@ -14,38 +13,52 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <memory>
+#include <set>
+
 namespace vantrel {
 namespace {
 
 using namespace tests;
 
-/// What a source of folders makes of a calendar that it does not find.
+/// What a source makes of a calendar that it does not find any more.
 class FolderKnowledgeTest : public ::testing::Test {
 protected:
-    /// A look at the places of those names, the first of which is the home if `hasHome`.
-    SourceKnowledge known(const QStringList &names, bool hasHome = false) {
-        std::vector<FolderRoot> roots;
-        for (const QString &name : names)
-            roots.push_back({files.path(name), {}, hasHome && roots.empty()});
-        return known(std::move(roots));
+    enum class Kind { home, named };
+
+    struct Knowledge {
+        bool isComplete;
+        std::set<QString> deletedCalendars;
+
+        bool operator==(const Knowledge &) const = default;
+    };
+
+    FolderKnowledgeTest() {
+        write("root/kept/a.ics");
+        write("root/deleted/a.ics");
     }
 
-    /// A look at those places and at one more, where a calendar is deleted just before.
-    SourceKnowledge known(std::vector<FolderRoot> roots) {
-        write("shelf/kept/a.ics");
-        write("shelf/deleted/a.ics");
-        roots.push_back({files.path(QStringLiteral("shelf")), {}, false});
-        FolderSource source(queue, roots);
-        EXPECT_FALSE(source.knowledge().isComplete);
-        (void)source.calendars();
-        EXPECT_TRUE(source.knowledge().deletedCalendars.empty());
-        EXPECT_TRUE(QDir(files.path(QStringLiteral("shelf/deleted"))).removeRecursively());
-        (void)source.calendars();
-        return source.knowledge();
+    void begin(Kind kind) {
+        source = std::make_unique<FolderSource>(
+            queue, FolderRoot{files.path(QStringLiteral("root")), {}, kind == Kind::home});
+        EXPECT_FALSE(source->knowledge().isComplete);
+        EXPECT_EQ(look(), (Knowledge{true, {}}));
     }
+
+    Knowledge look() {
+        (void)source->calendars();
+        return {source->knowledge().isComplete, source->knowledge().deletedCalendars};
+    }
+
+    Knowledge lookWithout(const char *name) {
+        EXPECT_TRUE(QDir(path(name)).removeRecursively());
+        return look();
+    }
+
+    QString path(const char *name) const { return files.path(QString::fromLatin1(name)); }
 
     QString identifier(const char *name) const {
-        return identifierOfPath(QFile::encodeName(files.path(QString::fromLatin1(name))));
+        return identifierOfPath(QFile::encodeName(path(name)));
     }
 
     void write(const char *name) {
@@ -56,133 +69,87 @@ protected:
     CapturedLog log;
     CalendarFiles files;
 
-    const SourceKnowledge exhausted{true, {}, {identifier("shelf/deleted")}};
-    const SourceKnowledge uncertain{true, {}, {}};
-    const SourceKnowledge incomplete{false, {}, {}};
+    const Knowledge exhausted{true, {identifier("root/deleted")}};
+    const Knowledge uncertain{true, {}};
+    const Knowledge incomplete{false, {}};
 
     fakes::ManualMainQueue queue{fakes::at("2026-03-02T08:00:00")};
+    std::unique_ptr<FolderSource> source;
 };
 
-const auto home = QStringLiteral("home");
-
-TEST_F(FolderKnowledgeTest, IsCertainOfFoldersThatHoldCalendars) {
-    write("home/work/a.ics");
-    write("other/a.ics");
-    write("single.ics");
-    EXPECT_EQ(known({home, QStringLiteral("other"), QStringLiteral("single.ics")}, true),
-              exhausted);
+TEST_F(FolderKnowledgeTest, IsCertainOfAFolderThatHoldsCalendars) {
+    for (const Kind kind : {Kind::home, Kind::named}) {
+        write("root/deleted/a.ics");
+        begin(kind);
+        EXPECT_EQ(lookWithout("root/deleted"), exhausted);
+    }
 }
 
 TEST_F(FolderKnowledgeTest, NeedsNoHomeToBeCompleteButIsNotCertainWithoutOne) {
-    write("other/a.ics");
-    EXPECT_EQ(known({home, QStringLiteral("other")}, true), uncertain);
-    QDir(files.path(QString())).mkpath(home);
-    EXPECT_EQ(known({home, QStringLiteral("other")}, true), uncertain);
+    begin(Kind::home);
+    EXPECT_EQ(lookWithout("root"), uncertain);
+    QDir().mkpath(path("root"));
+    EXPECT_EQ(look(), uncertain);
 }
 
 TEST_F(FolderKnowledgeTest, WaitsForAPlaceThatIsMissing) {
-    write("home/work/a.ics");
-    EXPECT_EQ(known({home, QStringLiteral("usb")}, true), incomplete);
+    begin(Kind::named);
+    EXPECT_EQ(lookWithout("root"), incomplete);
 }
 
 TEST_F(FolderKnowledgeTest, WaitsForAPlaceThatIsEmptyAsWhereADiskIsNotMounted) {
-    write("home/work/a.ics");
-    QDir(files.path(QString())).mkpath(QStringLiteral("usb"));
-    EXPECT_EQ(known({home, QStringLiteral("usb")}, true), incomplete);
+    begin(Kind::named);
+    ASSERT_TRUE(QDir(path("root")).removeRecursively());
+    QDir().mkpath(path("root"));
+    EXPECT_EQ(look(), incomplete);
 }
 
-TEST_F(FolderKnowledgeTest, WaitsForALinkInTheHomeThatLeadsNowhere) {
-    write("home/work/a.ics");
-    QFile::link(files.path(QStringLiteral("usb/private")),
-                files.path(QStringLiteral("home/private")));
-    EXPECT_EQ(known({home}, true), incomplete);
+TEST_F(FolderKnowledgeTest, WaitsForALinkThatLeadsNowhere) {
+    begin(Kind::home);
+    QFile::link(path("usb/private"), path("root/private"));
+    EXPECT_EQ(lookWithout("root/deleted"), incomplete);
     write("usb/private/a.ics");
-    EXPECT_EQ(known({home}, true), exhausted);
+    EXPECT_EQ(look(), exhausted);
 }
 
 TEST_F(FolderKnowledgeTest, WaitsForAPlaceThatIsNoCalendarAtTheMoment) {
-    write("home/work/a.ics");
-    QFile::link(QStringLiteral("/dev/null"), files.path(QStringLiteral("odd")));
-    EXPECT_EQ(known({home, QStringLiteral("odd")}, true), incomplete);
+    begin(Kind::named);
+    ASSERT_TRUE(QDir(path("root")).removeRecursively());
+    QFile::link(QStringLiteral("/dev/null"), path("root"));
+    EXPECT_EQ(look(), incomplete);
 }
 
 TEST_F(FolderKnowledgeTest, IsNotCertainOfAnEmptyFolderAmongItems) {
-    write("flat/a.ics");
-    QDir(files.path(QString())).mkpath(QStringLiteral("flat/shared"));
-    EXPECT_EQ(known({QStringLiteral("flat")}), uncertain);
-    write("flat/shared/b.ics");
-    EXPECT_EQ(known({QStringLiteral("flat")}), exhausted);
-}
-
-TEST_F(FolderKnowledgeTest, WaitsForPlacesThatWereNamedWhereNobodyCouldReadIt) {
-    for (const char *text :
-         {"{\"folders\": [", "[]", "{\"folders\": \"/usb\"}", "{\"folders\": [\"/usb\", 1]}"}) {
-        files.write(QStringLiteral("profile/calendars.json"), text);
-        write("profile/calendars/work/a.ics");
-        const auto configuration =
-            StoreConfiguration::ofUser(files.path(QStringLiteral("profile")));
-        EXPECT_EQ(known(configuration.roots), incomplete) << text;
-    }
-    files.write(QStringLiteral("profile/calendars.json"), "{\"folders\": []}");
-    const auto configuration = StoreConfiguration::ofUser(files.path(QStringLiteral("profile")));
-    EXPECT_EQ(known(configuration.roots), exhausted);
-}
-
-TEST_F(FolderKnowledgeTest, TellsNothingOfACalendarWhosePlaceIsNoLongerNamed) {
-    write("home/work/a.ics");
-    write("other/a.ics");
-    const FolderRoot homeRoot{files.path(home), {}, true};
-    const FolderRoot other{files.path(QStringLiteral("other")), {}, false};
-    FolderSource source(queue, {homeRoot, other});
-    (void)source.calendars();
-    source.setRoots({homeRoot});
-    (void)source.calendars();
-    EXPECT_EQ(source.knowledge(), uncertain);
-}
-
-TEST_F(FolderKnowledgeTest, TellsOfACalendarThatWentWhileItsPlaceWasNotNamed) {
-    write("home/work/a.ics");
-    write("other/one/a.ics");
-    write("other/two/a.ics");
-    const FolderRoot homeRoot{files.path(home), {}, true};
-    const FolderRoot other{files.path(QStringLiteral("other")), {}, false};
-    FolderSource source(queue, {homeRoot, other});
-    (void)source.calendars();
-    source.setRoots({homeRoot});
-    (void)source.calendars();
-    ASSERT_TRUE(QDir(files.path(QStringLiteral("other/two"))).removeRecursively());
-    source.setRoots({homeRoot, other});
-    (void)source.calendars();
-    EXPECT_EQ(source.knowledge().deletedCalendars, std::set{identifier("other/two")});
+    write("root/item.ics");
+    begin(Kind::named);
+    QDir().mkpath(path("root/shared"));
+    EXPECT_EQ(lookWithout("root/deleted"), uncertain);
+    write("root/shared/b.ics");
+    EXPECT_EQ(look(), exhausted);
 }
 
 TEST_F(FolderKnowledgeTest, DoesNotTakeACalendarForDeletedThatIsListedAtAnotherPath) {
-    write("home/work/a.ics");
-    write("home/play/a.ics");
-    ASSERT_TRUE(QFile::link(files.path(home), files.path(QStringLiteral("link"))));
-    const FolderRoot homeRoot{files.path(home), {}, true};
-    const FolderRoot link{files.path(QStringLiteral("link")), {}, false};
-    FolderSource source(queue, {homeRoot, link});
-    (void)source.calendars();
-    source.setRoots({link, homeRoot});
-    EXPECT_EQ(source.calendars().front().calendar.calendarIdentifier, identifier("link/play"));
-    EXPECT_EQ(source.knowledge(), uncertain);
+    begin(Kind::home);
+    ASSERT_TRUE(QFile::link(path("root/deleted"), path("root/alias")));
+    EXPECT_EQ(look(), uncertain);
+    EXPECT_EQ(source->calendars().front().calendar.calendarIdentifier, identifier("root/alias"));
 }
 
 TEST_F(FolderKnowledgeTest, DoesNotMindAFolderAmongItemsThatHoldsOtherThings) {
-    write("flat/a.ics");
-    files.write(QStringLiteral("flat/pictures/one.png"), "x");
-    EXPECT_EQ(known({QStringLiteral("flat")}), exhausted);
+    write("root/item.ics");
+    files.write(QStringLiteral("root/pictures/one.png"), "x");
+    begin(Kind::named);
+    EXPECT_EQ(lookWithout("root/deleted"), exhausted);
 }
 
 TEST_F(FolderKnowledgeTest, WaitsForAFolderThatMayNotBeRead) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "the superuser may read every folder, so nothing can be shown here";
-    write("home/work/a.ics");
-    const QByteArray path = files.path(home).toLocal8Bit();
-    ASSERT_EQ(::chmod(path.constData(), 0), 0);
-    EXPECT_EQ(known({home}, true), incomplete);
-    ASSERT_EQ(::chmod(path.constData(), 0700), 0);
+    begin(Kind::home);
+    const QByteArray root = QFile::encodeName(path("root"));
+    ASSERT_EQ(::chmod(root.constData(), 0), 0);
+    EXPECT_EQ(look(), incomplete);
+    ASSERT_EQ(::chmod(root.constData(), 0700), 0);
 }
 
 } // namespace
