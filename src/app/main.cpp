@@ -11,6 +11,7 @@
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
+#include <linux/views/ViewEngine.h>
 #include <linux/workspace/GioWorkspace.h>
 #include <platform/Log.h>
 #include <theme/ThemeModule.h>
@@ -93,13 +94,14 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     QtMainQueue queue;
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
-    ConsentDialog consent([&preferences] { return chosenPalette(preferences); });
+    ViewEngine views;
+    ConsentDialog consent(views, [&preferences] { return chosenPalette(preferences); });
     LocalEventStore store(
         queue, StoreConfiguration::ofUser(command.profile), currentCalendar,
         std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), &consent));
     GioWorkspace workspace;
     QtScreenLayout screenLayout(queue);
-    QtShieldingPanels panels(queue);
+    QtShieldingPanels panels(queue, views);
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, currentCalendar},

@@ -16,6 +16,8 @@ FLOORS = [
     ["takeover", "menubar", "onboarding"],
     ["app"],
 ]
+# What every service of the desktop may stand on.
+GROUND_OF_SERVICES = {"linux/views"}
 FLOOR_OF = {room: floor for floor, rooms in enumerate(FLOORS) for room in rooms}
 
 # What belongs to the desktop's services, by the beginning of the header's name.
@@ -45,7 +47,9 @@ def include_fault(path, header):
     if room.startswith("linux/"):
         if target == "linux":
             other = "/".join(header.split("/")[:2])
-            return None if other == room else f"{room} includes another service, {other}"
+            if other == room or other in GROUND_OF_SERVICES:
+                return None
+            return f"{room} includes another service, {other}"
         if target in FLOOR_OF and target != "platform":
             return f"{room} may use platform alone, not {target}"
         return None

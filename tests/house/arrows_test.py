@@ -29,6 +29,8 @@ class ArrowsTest(unittest.TestCase):
             ("calendar/A.h", "takeover/B.h"),
             ("linux/shield/A.h", "linux/workspace/B.h"),
             ("linux/shield/A.h", "takeover/B.h"),
+            ("linux/views/A.h", "linux/shield/B.h"),
+            ("takeover/A.h", "linux/views/B.h"),
             ("app/AppCoordinator.cpp", "linux/shield/B.h"),
         ]:
             with self.subTest(path=path, header=header):
@@ -42,6 +44,7 @@ class ArrowsTest(unittest.TestCase):
             ("linux/eventstore/A.cpp", "libical/ical.h"),
             ("linux/eventstore/A.cpp", "linux/eventstore/B.h"),
             ("linux/eventstore/A.cpp", "platform/EventStore.h"),
+            ("linux/shield/A.cpp", "linux/views/B.h"),
             ("links/A.cpp", "QString"),
         ]:
             with self.subTest(path=path, header=header):

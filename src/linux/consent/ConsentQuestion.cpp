@@ -1,14 +1,12 @@
 #include "ConsentQuestion.h"
 
+#include <linux/views/ViewEngine.h>
 #include <platform/Log.h>
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QQmlComponent>
-#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QSGRendererInterface>
 #include <QScreen>
 
 #include <algorithm>
@@ -26,11 +24,6 @@ VANTREL_LOG(consentLog, "Consent")
 /// How much of a screen's height the window takes at most.
 constexpr double largestShare = 0.8;
 
-void logErrors(const QList<QQmlError> &errors) {
-    for (const QQmlError &error : errors)
-        qCWarning(consentLog).noquote() << error.toString();
-}
-
 } // namespace
 
 ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette) {
@@ -43,50 +36,18 @@ ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette)
              {QStringLiteral("themePalette"), palette}}};
 }
 
-ConsentQuestion::ConsentQuestion(const std::vector<CalendarPlace> &places, const QVariant &palette,
-                                 AccessPrompt::Answered answered)
+ConsentQuestion::ConsentQuestion(ViewEngine &engine, const std::vector<CalendarPlace> &places,
+                                 const QVariant &palette, AccessPrompt::Answered answered)
     : m_viewModel(places, [this, answered = std::move(answered)](
                               AccessPrompt::Answer answer) { pass(answer, answered); }),
-      m_engine(std::make_unique<QQmlEngine>()) {
-    // As for the takeover: works without a driver, and looks the same everywhere.
-    if (QQuickWindow::sceneGraphBackend() != QLatin1String("software"))
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    m_engine->addImportPath(QStringLiteral("qrc:/qt/qml")); // By default from Qt 6.5 on.
-    m_engine->setOutputWarningsToStandardError(false);
-    QObject::connect(m_engine.get(), &QQmlEngine::warnings, &logErrors);
-    m_window = std::make_unique<QQuickWindow>();
-    m_view = makeView(palette);
-}
+      m_window(std::make_unique<QQuickWindow>()),
+      m_view(
+          engine.makeItem(consentContent(m_viewModel, palette), *m_window, ItemSize::ofContent)) {}
 
 ConsentQuestion::~ConsentQuestion() {
     QObject::disconnect(m_window.get(), nullptr, &m_receiver, nullptr);
     m_view.reset();
     m_window.reset();
-}
-
-std::unique_ptr<QQuickItem> ConsentQuestion::makeView(const QVariant &palette) {
-    const ViewContent content = consentContent(m_viewModel, palette);
-    QQmlComponent component(m_engine.get());
-    const QString source =
-        QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);
-    // The name for messages has to look like a local file, or imports are fetched one by one.
-    component.setData(source.toUtf8(), QUrl(QStringLiteral("qrc:/consent/") + content.typeName));
-    std::unique_ptr<QObject> root(component.beginCreate(m_engine->rootContext()));
-    auto *item = qobject_cast<QQuickItem *>(root.get());
-    if (!item) {
-        logErrors(component.errors());
-        return nullptr;
-    }
-    component.setInitialProperties(item, content.properties);
-    item->setParentItem(m_window->contentItem());
-    component.completeCreate();
-    if (component.isError()) {
-        logErrors(component.errors());
-        return nullptr;
-    }
-    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
-    (void)root.release();
-    return std::unique_ptr<QQuickItem>(item);
 }
 
 void ConsentQuestion::show() {
@@ -101,7 +62,6 @@ void ConsentQuestion::show() {
     QObject::connect(m_window->contentItem(), &QQuickItem::widthChanged, m_view.get(), resize);
     QObject::connect(m_window->contentItem(), &QQuickItem::heightChanged, m_view.get(), resize);
     resize();
-    m_view->setFocus(true);
     QObject::connect(m_window.get(), &QWindow::visibleChanged, &m_receiver, [this](bool isVisible) {
         if (!isVisible)
             m_viewModel.putAside();

@@ -3,7 +3,7 @@
 #include "ConsentViewModel.h"
 
 #include <platform/AccessPrompt.h>
-#include <platform/ShieldingPanels.h>
+#include <platform/ViewContent.h>
 
 #include <QObject>
 #include <QVariant>
@@ -11,11 +11,12 @@
 #include <memory>
 #include <vector>
 
-class QQmlEngine;
 class QQuickItem;
 class QQuickWindow;
 
 namespace vantrel {
+
+class ViewEngine;
 
 /// What the window shows. `viewModel` must outlive it; `palette` is a `themePalette`.
 [[nodiscard]] ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette);
@@ -24,8 +25,8 @@ namespace vantrel {
 class ConsentQuestion {
 public:
     /// `answered` is called once, by the event loop; it may destroy the question.
-    ConsentQuestion(const std::vector<CalendarPlace> &places, const QVariant &palette,
-                    AccessPrompt::Answered answered);
+    ConsentQuestion(ViewEngine &engine, const std::vector<CalendarPlace> &places,
+                    const QVariant &palette, AccessPrompt::Answered answered);
     ConsentQuestion(const ConsentQuestion &) = delete;
     ConsentQuestion &operator=(const ConsentQuestion &) = delete;
     ~ConsentQuestion();
@@ -34,12 +35,10 @@ public:
     void show();
 
 private:
-    [[nodiscard]] std::unique_ptr<QQuickItem> makeView(const QVariant &palette);
     void place();
     void pass(AccessPrompt::Answer answer, AccessPrompt::Answered answered);
 
     ConsentViewModel m_viewModel;
-    std::unique_ptr<QQmlEngine> m_engine;
     std::unique_ptr<QQuickWindow> m_window;
     std::unique_ptr<QQuickItem> m_view; ///< Null when it could not be made.
     QObject m_receiver;                 ///< Messages to it are dropped once it is gone.

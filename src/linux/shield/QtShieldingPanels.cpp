@@ -1,8 +1,7 @@
 #include "QtShieldingPanels.h"
 
-#include "DesktopSettings.h"
-#include "PanelEngine.h"
 #include "PanelEvents.h"
+#include "PanelWindow.h"
 #include "QtShieldingPanel.h"
 #include "ScreenId.h"
 #include "X11Shield.h"
@@ -13,12 +12,12 @@
 
 namespace vantrel {
 
-QtShieldingPanels::QtShieldingPanels(MainQueue &queue, const TypingGuard &guard)
-    : m_engine(std::make_unique<PanelEngine>()),
+QtShieldingPanels::QtShieldingPanels(MainQueue &queue, ViewEngine &engine, const TypingGuard &guard)
+    : m_engine(engine),
       m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue, guard) : nullptr) {}
 
 QtShieldingPanels::~QtShieldingPanels() {
-    // Windows that wait for their deletion show items of the engine, which goes next.
+    // Windows that wait for their deletion show items of the engine, which may go next.
     for (const QPointer<QWindow> &window : m_windows)
         delete window;
 }
@@ -30,8 +29,7 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
         return nullptr;
     std::erase_if(m_windows, [](const QPointer<QWindow> &window) { return !window; });
     std::unique_ptr<QWindow> window =
-        m_engine->makeWindow(content, QtShieldingPanel::frameOver(*monitor).size(),
-                             m_shield && DesktopSettings::ofServer().isMotionReduced());
+        makePanelWindow(m_engine, content, QtShieldingPanel::frameOver(*monitor).size());
     window->setTitle(QStringLiteral("Vantrel takeover"));
     m_windows.emplace_back(window.get());
     auto *events =

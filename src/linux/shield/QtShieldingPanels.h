@@ -14,16 +14,16 @@ class QWindow;
 
 namespace vantrel {
 
-class PanelEngine;
+class ViewEngine;
 class X11Shield;
 
 /// Panels on Qt Quick's windows: on X11 past the window manager, elsewhere an ordinary full-screen
-/// window on each monitor. Construct it after the application object and before any window of Qt
-/// Quick; nothing heavy is made before the first panel.
+/// window on each monitor. Nothing heavy is made before the first panel.
 class QtShieldingPanels : public ShieldingPanels {
 public:
-    /// `queue` must outlive the panels.
-    explicit QtShieldingPanels(MainQueue &queue, const TypingGuard &guard = TypingGuard());
+    /// `queue` and `engine` must outlive the panels.
+    QtShieldingPanels(MainQueue &queue, ViewEngine &engine,
+                      const TypingGuard &guard = TypingGuard());
     QtShieldingPanels(const QtShieldingPanels &) = delete;
     QtShieldingPanels &operator=(const QtShieldingPanels &) = delete;
 
@@ -38,7 +38,7 @@ public:
 private:
     [[nodiscard]] bool hear(const KeyPress &press);
 
-    std::unique_ptr<PanelEngine> m_engine;
+    ViewEngine &m_engine;
     std::unique_ptr<X11Shield> m_shield; ///< Null off X11.
     std::vector<std::weak_ptr<KeyHandler>> m_handlers;
     std::vector<QPointer<QWindow>> m_windows; ///< All that were made; null the ones deleted since.

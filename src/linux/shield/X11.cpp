@@ -1,7 +1,5 @@
 #include "X11.h"
 
-#include <QGuiApplication>
-
 #include <xcb/dpms.h>
 #include <xcb/screensaver.h>
 
@@ -27,16 +25,6 @@ void setEvents(xcb_window_t window, std::uint32_t mask) {
 }
 
 } // namespace
-
-xcb_connection_t *connection() {
-    const auto *application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return application ? application->connection() : nullptr;
-}
-
-xcb_window_t rootWindow() {
-    // Qt knows one X screen only, the one that DISPLAY names; its windows' parent is the root.
-    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
-}
 
 std::vector<xcb_window_t> stackingOrder() {
     const Reply<xcb_query_tree_reply_t> tree(

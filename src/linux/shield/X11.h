@@ -1,5 +1,6 @@
 #pragma once
 
+#include <linux/views/X11Connection.h>
 #include <platform/Time.h>
 
 #include <QRect>
@@ -7,24 +8,10 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <vector>
 
 /// The few questions that the shield has for an X server, over Qt's own connection.
 namespace vantrel::x11 {
-
-struct FreeDeleter {
-    void operator()(void *reply) const { std::free(reply); }
-};
-
-template <typename T>
-using Reply = std::unique_ptr<T, FreeDeleter>;
-
-/// Null when the program does not run on X11.
-[[nodiscard]] xcb_connection_t *connection();
-
-[[nodiscard]] xcb_window_t rootWindow();
 
 /// The children of the root window, the lowest one first; empty when the server has gone.
 [[nodiscard]] std::vector<xcb_window_t> stackingOrder();

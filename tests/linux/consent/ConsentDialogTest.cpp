@@ -1,4 +1,5 @@
 #include <linux/consent/ConsentDialog.h>
+#include <linux/views/ViewEngine.h>
 #include <theme/ThemeModule.h>
 #include <theme/ThemePalette.h>
 
@@ -62,10 +63,11 @@ protected:
         }
     }
 
-    ConsentDialog dialog{[] {
-        useThemeModule();
-        return QVariant::fromValue(ThemePalette());
-    }};
+    ViewEngine views;
+    ConsentDialog dialog{views, [] {
+                             useThemeModule();
+                             return QVariant::fromValue(ThemePalette());
+                         }};
     Subscription handle;
     std::vector<Answer> answers;
 };
@@ -145,7 +147,8 @@ TEST_F(ConsentDialogTest, IsLargeEnoughForSomePlacesAndTheTexts) {
 }
 
 TEST(ConsentDialogWithoutPaletteTest, CountsAsPutAsideWhenItCannotBeMade) {
-    ConsentDialog dialog([] { return QVariant::fromValue(QStringLiteral("no palette")); });
+    ViewEngine views;
+    ConsentDialog dialog(views, [] { return QVariant::fromValue(QStringLiteral("no palette")); });
     std::vector<Answer> answers;
     const Subscription handle =
         dialog.ask({}, [&answers](Answer answer) { answers.push_back(answer); });

@@ -21,7 +21,8 @@ protected:
     QtMainQueue queue;
     Desktop desktop{""};
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
+    ViewEngine views;
+    QtShieldingPanels panels{queue, views, TypingGuard::none()};
 
     QtMessageHandler m_formerHandler = qInstallMessageHandler(&keepCritical);
 };
@@ -67,7 +68,8 @@ TEST(PanelSizeTest, IsThereBeforeTheContentIsFinishedAndStays) {
     QtMainQueue queue;
     Desktop desktop{""};
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
+    ViewEngine views;
+    QtShieldingPanels panels{queue, views, TypingGuard::none()};
     const auto panel =
         panels.makePanel(layout.screens()[0], PanelRole::echo,
                          {u"Shield.Tests"_qs, u"Counting"_qs, {{u"title"_qs, u"x"_qs}}});

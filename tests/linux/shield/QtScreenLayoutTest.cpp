@@ -1,9 +1,9 @@
-#include "Desktop.h"
-
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
+#include <linux/views/ViewEngine.h>
 
+#include <desktop/Desktop.h>
 #include <gtest/gtest.h>
 
 #include <set>
@@ -97,7 +97,8 @@ TEST_F(QtScreenLayoutTest, StaysSilentOnceItsSubscriberHasGone) {
 }
 
 TEST_F(QtScreenLayoutTest, HasNoPanelForAMonitorThatHasGone) {
-    QtShieldingPanels panels(queue);
+    ViewEngine views;
+    QtShieldingPanels panels(queue, views);
     const Screen right = layout.screens()[1];
     disconnectRightMonitor();
     EXPECT_TRUE(waitUntil([this] { return frames().size() == 1; }));

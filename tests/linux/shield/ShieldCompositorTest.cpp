@@ -49,7 +49,8 @@ protected:
     ChildProcess compositor{GetParam().commandLine};
     QtMainQueue queue;
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
+    ViewEngine views;
+    QtShieldingPanels panels{queue, views, TypingGuard::none()};
     std::unique_ptr<ShieldingPanel> panel;
 };
 

@@ -252,7 +252,8 @@ TEST_P(CharactersTest, AreThoseOfTheKeyAloneAndOfShift) {
     Desktop desktop{""};
     QtMainQueue queue;
     QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
+    ViewEngine views;
+    QtShieldingPanels panels{queue, views, TypingGuard::none()};
     const auto panel =
         panels.makePanel(layout.screens()[0], PanelRole::interactive,
                          {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}}});

@@ -222,7 +222,8 @@ protected:
     fakes::ManualMainQueue queue{Instant{}};
     QtMainQueue clock;
     QtScreenLayout layout{clock};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
+    ViewEngine views;
+    QtShieldingPanels panels{queue, views, TypingGuard::none()};
     std::unique_ptr<ShieldingPanel> panel = panels.makePanel(
         layout.screens()[0], PanelRole::echo,
         {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}, {u"color"_qs, echoColor}}});

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "Desktop.h"
-
 #include <fakes/ManualMainQueue.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
+#include <linux/views/ViewEngine.h>
 
 #include <QColor>
 
+#include <desktop/Desktop.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -26,12 +26,13 @@ protected:
     ShieldingPanelsTest() : ShieldingPanelsTest(realQueue) {}
     explicit ShieldingPanelsTest(MainQueue &queueOfPanels,
                                  const TypingGuard &guard = TypingGuard::none())
-        : panels(queueOfPanels, guard) {}
+        : panels(queueOfPanels, views, guard) {}
 
     QtMainQueue realQueue;
     fakes::ManualMainQueue manualQueue{Instant{}};
     Desktop desktop{GetParam()};
     QtScreenLayout layout{realQueue};
+    ViewEngine views;
     QtShieldingPanels panels;
     std::vector<KeyPress> presses;
     bool consumes = true;

@@ -1,6 +1,6 @@
 #include "DesktopSettings.h"
 
-#include "X11.h"
+#include "X11Connection.h"
 
 #include <QtEndian>
 
@@ -75,7 +75,7 @@ xcb_window_t daemonsWindow() {
 
 DesktopSettings DesktopSettings::ofServer() {
     constexpr std::uint32_t mostWords = 16384;
-    const xcb_window_t window = daemonsWindow();
+    const xcb_window_t window = connection() ? daemonsWindow() : XCB_NONE;
     if (window == XCB_NONE)
         return DesktopSettings({});
     const xcb_atom_t settings = atom("_XSETTINGS_SETTINGS");

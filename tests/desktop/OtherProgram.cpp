@@ -129,10 +129,18 @@ void OtherProgram::strikeKey(xcb_keycode_t key) {
     releaseKey(key);
 }
 
-void OtherProgram::click(QPoint place) {
+void OtherProgram::pressButton(QPoint place, Button button) {
     fake(XCB_MOTION_NOTIFY, 0, place);
-    fake(XCB_BUTTON_PRESS, 1);
-    fake(XCB_BUTTON_RELEASE, 1);
+    fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
+}
+
+void OtherProgram::releaseButton(Button button) {
+    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
+}
+
+void OtherProgram::click(QPoint place) {
+    pressButton(place);
+    releaseButton();
 }
 
 void OtherProgram::fake(std::uint8_t type, std::uint8_t detail, QPoint place) {

@@ -12,7 +12,7 @@ namespace vantrel {
 /// which GNOME, KDE, Xfce and others fill). A plain value.
 class DesktopSettings {
 public:
-    /// As it stands now; without any setting where no daemon runs.
+    /// As it stands now; without any setting off X11 and where no daemon runs.
     [[nodiscard]] static DesktopSettings ofServer();
 
     /// `data` is the property's content; whatever is malformed ends the list.

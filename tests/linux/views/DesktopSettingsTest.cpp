@@ -1,14 +1,13 @@
-#include "Desktop.h"
+#include <linux/views/DesktopSettings.h>
+#include <linux/views/ViewEngine.h>
+#include <linux/views/X11Connection.h>
 
-#include <linux/shield/DesktopSettings.h>
-#include <linux/shield/QtScreenLayout.h>
-#include <linux/shield/QtShieldingPanels.h>
-#include <linux/shield/X11.h>
-
-#include <QColor>
 #include <QDataStream>
 #include <QIODevice>
+#include <QQuickItem>
+#include <QQuickWindow>
 
+#include <desktop/OtherProgram.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -152,32 +151,28 @@ private:
     xcb_window_t m_window;
 };
 
-class PanelMotionTest : public testing::Test {
-protected:
-    /// Whether a view that is made now is told to keep still.
-    bool isStill() {
-        const auto panel =
-            panels.makePanel(layout.screens()[0], PanelRole::echo,
-                             {u"Shield.Tests"_qs, u"Moving"_qs, {{u"title"_qs, u"x"_qs}}});
-        panel->orderFront();
-        QColor color;
-        EXPECT_TRUE(waitUntil([&] {
-            color = desktop.program().picture(leftMonitor).pixel(400, 300);
-            return color == QColor("#008000") || color == QColor("#000080");
-        }));
-        return color == QColor("#008000");
+TEST(DesktopSettingsTest, AreThoseOfTheDaemonThatRuns) {
+    OtherProgram program;
+    EXPECT_FALSE(DesktopSettings::ofServer().isMotionReduced());
+    {
+        const Daemon daemon(program, manySettings(QDataStream::LittleEndian));
+        EXPECT_TRUE(DesktopSettings::ofServer().isMotionReduced());
     }
+    EXPECT_FALSE(DesktopSettings::ofServer().isMotionReduced());
+}
 
-    QtMainQueue queue;
-    Desktop desktop{""};
-    QtScreenLayout layout{queue};
-    QtShieldingPanels panels{queue, TypingGuard::none()};
-};
-
-TEST_F(PanelMotionTest, FollowsTheDesktop) {
+TEST(ViewMotionTest, FollowsTheDesktopWithEachView) {
+    OtherProgram program;
+    ViewEngine engine;
+    const auto isStill = [&] {
+        QQuickWindow window;
+        const auto item =
+            engine.makeItem({u"Views.Tests"_qs, u"Moving"_qs, {}}, window, ItemSize::ofContent);
+        return item && item->property("reducedMotion").toBool();
+    };
     EXPECT_FALSE(isStill());
     {
-        const Daemon daemon(desktop.program(), manySettings(QDataStream::LittleEndian));
+        const Daemon daemon(program, manySettings(QDataStream::LittleEndian));
         EXPECT_TRUE(isStill());
     }
     EXPECT_FALSE(isStill());

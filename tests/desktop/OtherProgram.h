@@ -41,6 +41,9 @@ public:
     void pressKey(xcb_keycode_t key);
     void releaseKey(xcb_keycode_t key);
     void strikeKey(xcb_keycode_t key);
+    enum class Button : std::uint8_t { left = 1, right = 3, wheelDown = 5 };
+    void pressButton(QPoint place, Button button = Button::left);
+    void releaseButton(Button button = Button::left);
     void click(QPoint place);
 
     /// What stands on the screen.

@@ -1,0 +1,90 @@
+#include "ViewEngine.h"
+
+#include "DesktopSettings.h"
+
+#include <platform/Log.h>
+
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+
+namespace vantrel {
+
+namespace {
+
+VANTREL_LOG(viewLog, "View")
+
+constexpr QLatin1String reducedMotion("reducedMotion");
+
+void logErrors(const QList<QQmlError> &errors) {
+    for (const QQmlError &error : errors)
+        qCWarning(viewLog).noquote() << error.toString();
+}
+
+QVariantMap propertiesFor(const QQuickItem &item, const ViewContent &content) {
+    QVariantMap properties = content.properties;
+    if (item.metaObject()->indexOfProperty(reducedMotion.data()) >= 0 &&
+        !properties.contains(reducedMotion))
+        properties.insert(reducedMotion, DesktopSettings::ofServer().isMotionReduced());
+    return properties;
+}
+
+void shareSize(QQuickItem &content, QQuickItem &item) {
+    const auto resize = [&content, &item] { item.setSize(content.size()); };
+    QObject::connect(&content, &QQuickItem::widthChanged, &item, resize);
+    QObject::connect(&content, &QQuickItem::heightChanged, &item, resize);
+    resize();
+}
+
+} // namespace
+
+ViewEngine::ViewEngine() {
+    // The one renderer on every machine: it works where a driver is missing or broken, takes less
+    // than half the memory that OpenGL in software does, and looks the same everywhere. It has to
+    // be chosen ahead of the first window.
+    if (QQuickWindow::sceneGraphBackend() != QLatin1String("software"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+ViewEngine::~ViewEngine() = default;
+
+QQmlEngine &ViewEngine::engine() {
+    if (!m_engine) {
+        m_engine = std::make_unique<QQmlEngine>();
+        m_engine->addImportPath(QStringLiteral("qrc:/qt/qml")); // By default from Qt 6.5 on.
+        m_engine->setOutputWarningsToStandardError(false);
+        QObject::connect(m_engine.get(), &QQmlEngine::warnings, &logErrors);
+    }
+    return *m_engine;
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeItem(const ViewContent &content, QQuickWindow &window,
+                                                 ItemSize size) {
+    QQmlComponent component(&engine());
+    const QString source =
+        QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);
+    // The name for messages has to look like a local file, or imports are fetched one by one.
+    component.setData(source.toUtf8(), QUrl(QStringLiteral("qrc:/view/") + content.typeName));
+    std::unique_ptr<QObject> root(component.beginCreate(engine().rootContext()));
+    if (!qobject_cast<QQuickItem *>(root.get())) {
+        logErrors(component.errors());
+        return nullptr;
+    }
+    std::unique_ptr<QQuickItem> item(qobject_cast<QQuickItem *>(root.release()));
+    QQmlEngine::setObjectOwnership(item.get(), QQmlEngine::CppOwnership);
+    component.setInitialProperties(item.get(), propertiesFor(*item, content));
+    item->setParentItem(window.contentItem());
+    if (size == ItemSize::ofWindow)
+        shareSize(*window.contentItem(), *item);
+    item->setFocus(true);
+    component.completeCreate();
+    if (component.isError()) {
+        logErrors(component.errors());
+        return nullptr;
+    }
+    return item;
+}
+
+} // namespace vantrel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <platform/ViewContent.h>
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickItem;
+class QQuickWindow;
+
+namespace vantrel {
+
+/// How an item comes by its size.
+enum class ItemSize {
+    ofWindow, ///< The window's, from before the item is complete.
+    ofContent ///< Its own, until somebody sets another.
+};
+
+/// Makes the items of all windows. The QML engine behind them is made for the first one and shared
+/// by the rest: a program at rest that showed none carries none of its weight. Construct it after
+/// the application object and before any window of Qt Quick. Main thread only.
+class ViewEngine {
+public:
+    ViewEngine();
+    ViewEngine(const ViewEngine &) = delete;
+    ViewEngine &operator=(const ViewEngine &) = delete;
+
+    /// Each item must be gone before.
+    ~ViewEngine();
+
+    /// An item in the window's content, with the keyboard's focus once the window has it. Null for
+    /// content that cannot be made, which is logged. The item must not outlive the window.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeItem(const ViewContent &content,
+                                                       QQuickWindow &window, ItemSize size);
+
+private:
+    [[nodiscard]] QQmlEngine &engine();
+
+    std::unique_ptr<QQmlEngine> m_engine;
+};
+
+} // namespace vantrel

@@ -1,0 +1,6 @@
+import QtQuick
+
+// Wants to know whether it is to keep still.
+Item {
+    property bool reducedMotion: false
+}
