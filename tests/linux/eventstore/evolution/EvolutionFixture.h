@@ -12,9 +12,11 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QProcess>
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,6 +37,10 @@ protected:
     static constexpr int patience = 180'000;
 
     explicit EvolutionFixture(MainLoop loop = MainLoop::qt) : m_application(loop) {}
+    ~EvolutionFixture() override {
+        for (const pid_t process : m_stopped)
+            ::kill(process, SIGCONT);
+    }
 
     [[nodiscard]] std::unique_ptr<LocalEventStore> storeOf(StoreConfiguration configuration) {
         configuration.addresses = {QStringLiteral("me@example.com")};
@@ -57,9 +63,10 @@ protected:
     void settle(Condition condition, const char *what) {
         const QDeadlineTimer deadline(patience);
         while (!condition()) {
-            ASSERT_FALSE(deadline.hasExpired()) << "not in time: " << what << '\n'
-                                                << log.text() << '\n'
-                                                << ::testing::PrintToString(titles());
+            ASSERT_FALSE(deadline.hasExpired())
+                << "not in time: " << what << '\n'
+                << log.text() << '\n'
+                << (store ? ::testing::PrintToString(titles()) : "");
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         }
     }
@@ -97,8 +104,35 @@ protected:
         return {};
     }
 
+    /// Has another process change something, while the event loop runs here.
+    void write(const QStringList &arguments) {
+        QProcess writer;
+        writer.setProcessChannelMode(QProcess::MergedChannels);
+        writer.start(QStringLiteral(CALENDAR_WRITER), arguments);
+        settle([&] { return writer.state() == QProcess::NotRunning; }, "the writer ended");
+        ASSERT_EQ(writer.exitCode(), 0) << qPrintable(arguments.join(u' ')) << '\n'
+                                        << writer.readAll().constData();
+    }
+
     void put(const QByteArray &components, const QString &calendar = ownCalendar()) {
-        session.write({QStringLiteral("put"), calendar, session.file(calendarText(components))});
+        write({QStringLiteral("put"), calendar, session.file(calendarText(components))});
+    }
+
+    [[nodiscard]] std::size_t linesWith(const std::string &part) const {
+        std::size_t count = 0;
+        for (const std::string &line : log.lines())
+            count += line.find(part) != std::string::npos ? 1 : 0;
+        return count;
+    }
+
+    /// To one of the services of this session. A stopped one goes on with the end of the session.
+    void signal(const QString &program, int number) {
+        qint64 process = 0;
+        settle([&] { return (process = session.processOf(program)) > 1; }, "the service runs");
+        ASSERT_GT(process, 1);
+        ASSERT_EQ(::kill(static_cast<pid_t>(process), number), 0);
+        if (number == SIGSTOP)
+            m_stopped.push_back(static_cast<pid_t>(process));
     }
 
     /// The one that every registry brings along.
@@ -129,6 +163,7 @@ protected:
 
 private:
     Subscription m_subscription;
+    std::vector<pid_t> m_stopped;
 };
 
 } // namespace vantrel::tests

@@ -79,7 +79,7 @@ TEST_F(EvolutionStore, ShowsWhatALocalCalendarHoldsAndWhatComesToIt) {
     put(event("two", "DTSTART:20260303T110000Z\nSUMMARY:Two\nSTATUS:CANCELLED\n"));
     settle([this] { return events(*store).at(0).status == StoreEventStatus::cancelled; },
            "what was cancelled");
-    session.write({QStringLiteral("remove"), ownCalendar(), QStringLiteral("two")});
+    write({QStringLiteral("remove"), ownCalendar(), QStringLiteral("two")});
     settleTitles(ElementsAre("Moved"), "what was deleted");
 }
 
@@ -117,8 +117,8 @@ TEST_F(EvolutionStore, HasAnOccurrenceLeaveTheWindowAndComeBack) {
     settleTitles(ElementsAre("Weekly"), "one occurrence was moved out of the window");
     put(override("20260309", "20260310T100000", "Next day"));
     settleTitles(ElementsAre("Weekly", "Next day"), "it was moved back");
-    session.write({QStringLiteral("remove"), ownCalendar(), QStringLiteral("daily"),
-                   QStringLiteral("20260309T090000")});
+    write({QStringLiteral("remove"), ownCalendar(), QStringLiteral("daily"),
+           QStringLiteral("20260309T090000")});
     settleTitles(ElementsAre("Weekly"), "it was deleted");
 }
 
@@ -212,10 +212,10 @@ TEST_F(EvolutionStore, FindsTheUserByTheMailIdentitiesOfTheDesktop) {
 
 TEST_F(EvolutionStore, ShowsASeriesThatIsRemovedAndAddedAgainWhileItIsAskedFor) {
     begin();
-    session.write({QStringLiteral("churn"), ownCalendar(),
-                   session.file(calendarText(event("churned", "DTSTART:20260302T110000Z\n"
-                                                              "RRULE:FREQ=DAILY;COUNT=2\n"
-                                                              "SUMMARY:Churned\n")))});
+    write({QStringLiteral("churn"), ownCalendar(),
+           session.file(calendarText(event("churned", "DTSTART:20260302T110000Z\n"
+                                                      "RRULE:FREQ=DAILY;COUNT=2\n"
+                                                      "SUMMARY:Churned\n")))});
     put(event("mark", "DTSTART:20260301T233000Z\nSUMMARY:Mark\n"));
     settleTitles(ElementsAre("Mark", "Churned", "Churned"), "both are there");
 }
@@ -223,15 +223,15 @@ TEST_F(EvolutionStore, ShowsASeriesThatIsRemovedAndAddedAgainWhileItIsAskedFor) 
 TEST_F(EvolutionStore, FollowsCalendarsThatComeAndGo) {
     begin();
     EXPECT_FALSE(calendar(QStringLiteral("Team")));
-    session.write({QStringLiteral("add-source"), QStringLiteral("team"), QStringLiteral("Team")});
+    write({QStringLiteral("add-source"), QStringLiteral("team"), QStringLiteral("Team")});
     settle([this] { return calendar(QStringLiteral("Team")).has_value(); }, "a calendar came");
     put(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n"), QStringLiteral("team"));
     settleTitles(ElementsAre("One"), "what was put there");
-    session.write({QStringLiteral("disable-source"), QStringLiteral("team")});
+    write({QStringLiteral("disable-source"), QStringLiteral("team")});
     settle([this] { return !calendar(QStringLiteral("Team")); }, "it was switched off");
     EXPECT_THAT(titles(), IsEmpty());
     EXPECT_FALSE(store->isCalendarDeleted(QStringLiteral("evolution:team")));
-    session.write({QStringLiteral("remove-source"), QStringLiteral("team")});
+    write({QStringLiteral("remove-source"), QStringLiteral("team")});
     settle([this] { return store->isCalendarDeleted(QStringLiteral("evolution:team")); },
            "it was deleted");
 }

@@ -1,15 +1,10 @@
 #include "EvolutionFixture.h"
+#include "Watchdog.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QProcess>
-#include <QTimer>
 
-#include <sys/syscall.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <utility>
 
@@ -17,51 +12,6 @@ namespace vantrel {
 namespace {
 
 using namespace tests;
-
-using Milliseconds = std::chrono::duration<double, std::milli>;
-
-/// Watches the longest stretch in which the main thread did not come back to its event loop. Time
-/// in which it could have run but got no processor does not count: that is the machine's load, and
-/// the kernel tells how much of it there was.
-class Watchdog {
-public:
-    Watchdog() : m_tick(new QTimer(&m_owner)) {
-        m_last = now();
-        QObject::connect(m_tick, &QTimer::timeout, &m_owner, [this] {
-            const Sample present = now();
-            const auto interval = Milliseconds(present.wall - m_last.wall);
-            const auto waited = Milliseconds(present.waited - m_last.waited);
-            m_longest = std::max(m_longest, interval - waited - Milliseconds(m_tick->interval()));
-            m_last = present;
-            ++m_ticks;
-        });
-        m_tick->setTimerType(Qt::PreciseTimer);
-        m_tick->start(5);
-    }
-
-    [[nodiscard]] double longest() const { return m_longest.count(); }
-    [[nodiscard]] int ticks() const { return m_ticks; }
-
-private:
-    struct Sample {
-        std::chrono::nanoseconds wall;
-        std::chrono::nanoseconds waited; ///< For a processor.
-    };
-
-    static Sample now() {
-        QFile file(QStringLiteral("/proc/self/task/%1/schedstat").arg(::syscall(SYS_gettid)));
-        std::chrono::nanoseconds waited{0};
-        if (file.open(QIODevice::ReadOnly))
-            waited = std::chrono::nanoseconds(file.readAll().split(' ').value(1).toLongLong());
-        return {std::chrono::steady_clock::now().time_since_epoch(), waited};
-    }
-
-    QObject m_owner;
-    QTimer *m_tick;
-    Sample m_last;
-    Milliseconds m_longest{0};
-    int m_ticks = 0;
-};
 
 class MainThread : public EvolutionFixture {
 protected:
@@ -114,9 +64,7 @@ TEST_F(MainThread, IsNeverBlockedWhileACalendarOfFiftyThousandEventsIsReadAndCha
          session.file(calendarText(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n")))});
     settle([this] { return count() == 5'001; }, "one more came");
     settle([&] { return writer.state() == QProcess::NotRunning; }, "the writer ended");
-    EXPECT_GT(watchdog.ticks(), 10);
-    EXPECT_LT(watchdog.longest(), 50.0) << "milliseconds";
-    RecordProperty("longest", std::to_string(watchdog.longest()));
+    watchdog.expectNoBlock();
 }
 
 TEST_F(MainThread, SeesEverythingAlthoughTheFactoryIsKilledBeforeItHasTold) {
@@ -126,16 +74,10 @@ TEST_F(MainThread, SeesEverythingAlthoughTheFactoryIsKilledBeforeItHasTold) {
     store = storeOf(configuration);
     const Subscription subscription = store->changed.subscribe([this] { ++changes; });
     store->start();
-    qint64 factory = 0;
-    settle(
-        [&] {
-            factory = session.processOf(QStringLiteral("evolution-calendar-factory"));
-            return factory > 1;
-        },
-        "the factory runs");
-    ASSERT_GT(factory, 1);
+    const auto factory = QStringLiteral("evolution-calendar-factory");
+    settle([&] { return session.processOf(factory) > 1; }, "the factory runs");
     EXPECT_EQ(count(), 0U);
-    ASSERT_EQ(::kill(static_cast<pid_t>(factory), SIGKILL), 0);
+    signal(factory, SIGKILL);
     settle([this] { return count() == 5'000; }, "all events of the weeks are there");
 }
 

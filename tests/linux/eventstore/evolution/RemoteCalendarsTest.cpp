@@ -20,7 +20,7 @@ protected:
     }
 
     /// Spares the minute until the service looks by itself.
-    void refresh(const QString &calendar) { session.write({QStringLiteral("refresh"), calendar}); }
+    void refresh(const QString &calendar) { write({QStringLiteral("refresh"), calendar}); }
 
     const QString account = QStringLiteral("account");
     const QString web = QStringLiteral("web");
@@ -99,9 +99,9 @@ TEST_F(RemoteCalendars, ShowAWebSubscriptionAsSuch) {
 }
 
 TEST_F(RemoteCalendars, ShowBirthdaysOfTheAddressBook) {
-    session.write({QStringLiteral("put-contact"),
-                   session.file("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:anna\r\nFN:Anna Muster\r\n"
-                                "N:Muster;Anna;;;\r\nBDAY:1990-03-05\r\nEND:VCARD\r\n")});
+    write({QStringLiteral("put-contact"),
+           session.file("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:anna\r\nFN:Anna Muster\r\n"
+                        "N:Muster;Anna;;;\r\nBDAY:1990-03-05\r\nEND:VCARD\r\n")});
     begin();
     settleTitles(Contains(HasSubstr("Anna")), "the birthday");
     const auto birthdays = *events(*store).at(0).calendar;

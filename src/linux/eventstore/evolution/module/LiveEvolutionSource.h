@@ -10,11 +10,9 @@
 
 namespace vantrel {
 
-class EvolutionService;
-
 /// The calendars of Evolution Data Server. Talks to it on a thread of its own and answers from a
 /// table. `changed` stays silent: whoever made it hears of changes by `announce`, which is called
-/// on that thread.
+/// on that thread, and not any more once this is gone.
 class LiveEvolutionSource : public ComponentSource {
 public:
     explicit LiveEvolutionSource(std::function<void()> announce);
@@ -22,24 +20,21 @@ public:
 
     void setWindow(Window window) override;
     void start() override;
-    void waitUntilDelivered(Seconds limit) override { m_table.waitUntilSettled(limit); }
-    [[nodiscard]] std::vector<SourceCalendar> calendars() override { return m_table.calendars(); }
-    [[nodiscard]] SourceKnowledge knowledge() const override { return m_table.knowledge(); }
-    [[nodiscard]] QString trouble() const override { return m_table.trouble(); }
+    void waitUntilDelivered(Seconds limit) override;
+    [[nodiscard]] std::vector<SourceCalendar> calendars() override;
+    [[nodiscard]] SourceKnowledge knowledge() const override;
+    [[nodiscard]] QString trouble() const override;
     [[nodiscard]] std::optional<std::vector<SourceItem>>
-    items(const QString &calendarIdentifier) override {
-        return m_table.items(calendarIdentifier);
-    }
+    items(const QString &calendarIdentifier) override;
     [[nodiscard]] std::optional<QByteArray> text(const QString &calendarIdentifier,
-                                                 const QByteArray &item) override {
-        return m_table.text(calendarIdentifier, item);
-    }
+                                                 const QByteArray &item) override;
     [[nodiscard]] QString description(const QString &calendarIdentifier,
                                       const QByteArray &item) const override;
 
 private:
-    AnswerTable m_table;
-    std::shared_ptr<EvolutionService> m_service; ///< Of the service's thread.
+    struct State;
+
+    const std::shared_ptr<State> m_state; ///< The thread's as well, which may be there for longer.
     ServiceThread m_thread;
 };
 

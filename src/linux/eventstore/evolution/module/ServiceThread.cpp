@@ -3,7 +3,8 @@
 #include "Async.h"
 #include "ContextTimer.h"
 
-#include <memory>
+#include <condition_variable>
+#include <mutex>
 #include <utility>
 
 namespace vantrel {
@@ -11,7 +12,8 @@ namespace vantrel {
 namespace {
 
 /// A service that does not even answer a cancelled call is not waited for.
-constexpr Seconds patienceAtEnd{3.0};
+constexpr Seconds patienceForAnswers{0.5};
+constexpr Seconds patienceForThread{1.0};
 
 gboolean runPosted(gpointer data) {
     (*static_cast<std::function<void()> *>(data))();
@@ -24,16 +26,31 @@ void dropPosted(gpointer data) {
 
 } // namespace
 
-ServiceThread::ServiceThread()
-    : m_context(g_main_context_new()), m_loop(g_main_loop_new(m_context, FALSE)) {}
+struct ServiceThread::Loop {
+    GMainContext *const context = g_main_context_new();
+    GMainLoop *const loop = g_main_loop_new(context, FALSE);
+    std::mutex mutex; ///< Guards what follows.
+    std::condition_variable hasEnded;
+    bool isOver = false;
+
+    Loop() = default;
+    Loop(const Loop &) = delete;
+    Loop &operator=(const Loop &) = delete;
+    ~Loop() {
+        g_main_loop_unref(loop);
+        g_main_context_unref(context);
+    }
+};
+
+ServiceThread::ServiceThread() : m_loop(std::make_shared<Loop>()) {}
 
 ServiceThread::~ServiceThread() {
-    g_main_loop_unref(m_loop);
-    g_main_context_unref(m_context);
+    stop([] {});
 }
 
-void ServiceThread::start() {
-    m_thread = std::thread([this] { run(); });
+void ServiceThread::start(std::shared_ptr<void> kept) {
+    m_thread = std::thread(
+        [loop = m_loop, kept = std::move(kept)]() mutable { run(loop, std::move(kept)); });
 }
 
 void ServiceThread::post(std::function<void()> work) {
@@ -42,30 +59,44 @@ void ServiceThread::post(std::function<void()> work) {
     g_source_set_callback(source, runPosted,
                           std::make_unique<std::function<void()>>(std::move(work)).release(),
                           dropPosted);
-    g_source_attach(source, m_context);
+    g_source_attach(source, m_loop->context);
     g_source_unref(source);
 }
 
 void ServiceThread::stop(std::function<void()> last) {
     if (!m_thread.joinable())
         return;
-    post([this, last = std::move(last)] {
+    // It may run long after this object has gone.
+    post([loop = m_loop->loop, last = std::move(last)] {
         last();
-        g_main_loop_quit(m_loop);
+        g_main_loop_quit(loop);
     });
-    m_thread.join();
+    std::unique_lock lock(m_loop->mutex);
+    if (m_loop->hasEnded.wait_for(lock, patienceForThread, [this] { return m_loop->isOver; })) {
+        lock.unlock();
+        m_thread.join();
+    } else {
+        m_thread.detach();
+    }
 }
 
-void ServiceThread::run() {
-    g_main_context_push_thread_default(m_context);
-    g_main_loop_run(m_loop);
+void ServiceThread::run(const std::shared_ptr<Loop> &loop, std::shared_ptr<void> kept) {
+    g_main_context_push_thread_default(loop->context);
+    g_main_loop_run(loop->loop);
     bool isOver = false;
     ContextTimer limit;
-    limit.startFor(patienceAtEnd, [&isOver] { isOver = true; });
+    limit.startFor(patienceForAnswers, [&isOver] { isOver = true; });
     while (Async::outstanding() > 0 && !isOver)
-        g_main_context_iteration(m_context, TRUE);
+        g_main_context_iteration(loop->context, TRUE);
     limit.stop();
-    g_main_context_pop_thread_default(m_context);
+    // What was subscribed to is freed in turn.
+    while (!isOver && g_main_context_iteration(loop->context, FALSE))
+        ;
+    g_main_context_pop_thread_default(loop->context);
+    kept.reset();
+    const std::lock_guard lock(loop->mutex);
+    loop->isOver = true;
+    loop->hasEnded.notify_all();
 }
 
 } // namespace vantrel

@@ -3,6 +3,7 @@
 #include <gio/gio.h>
 
 #include <functional>
+#include <memory>
 #include <thread>
 
 namespace vantrel {
@@ -17,20 +18,23 @@ public:
     ServiceThread &operator=(const ServiceThread &) = delete;
     ~ServiceThread();
 
-    void start();
+    /// The thread keeps `kept` for as long as it runs.
+    void start(std::shared_ptr<void> kept);
 
     /// Runs `work` on the thread, in turn. From any thread; nothing happens before `start`.
     void post(std::function<void()> work);
 
     /// Runs `last`, which cancels whatever is under way, waits for the answers, and ends the
-    /// thread. Harmless when it was not started.
+    /// thread. One that is stuck is let go after a second: it does so once it can, and what it
+    /// works with has to be `kept`. Harmless when it was not started.
     void stop(std::function<void()> last);
 
 private:
-    void run();
+    struct Loop;
 
-    GMainContext *m_context;
-    GMainLoop *m_loop;
+    static void run(const std::shared_ptr<Loop> &loop, std::shared_ptr<void> kept);
+
+    const std::shared_ptr<Loop> m_loop;
     std::thread m_thread;
 };
 
