@@ -3,6 +3,7 @@
 import base64
 
 import dbus
+from gi.repository import GLib
 
 ITEM = "org.kde.StatusNotifierItem"
 MENU = "com.canonical.dbusmenu"
@@ -34,17 +35,21 @@ class Item:
         self.tell = tell
         self.object = bus.get_object(service, path, introspect=False)
         self.shown = None
+        self.showing = None
         self.matches = [
             bus.add_signal_receiver(self.changed, None, ITEM, service, path,
                                     member_keyword="member"),
             bus.add_signal_receiver(self.menu_changed, "LayoutUpdated", MENU, service),
         ]
-        self.show()
+        self.show_soon()
 
     def forget(self):
         for match in self.matches:
             match.remove()
         self.matches = []
+        if self.showing:
+            GLib.source_remove(self.showing)
+            self.showing = None
 
     def properties(self, interface=ITEM, target=None):
         values = (target or self.object).GetAll(interface, dbus_interface=dbus.PROPERTIES_IFACE)
@@ -59,12 +64,18 @@ class Item:
 
     def changed(self, *arguments, member):
         self.tell({"event": "signal", "name": str(member), "arguments": plain(arguments)})
-        self.show()
+        self.show_soon()
 
     def menu_changed(self, revision, parent):
         self.tell({"event": "signal", "name": "LayoutUpdated", "arguments": plain((revision, parent))})
 
+    def show_soon(self):
+        """Once for all signals that came together."""
+        if not self.showing:
+            self.showing = GLib.idle_add(self.show)
+
     def show(self):
+        self.showing = None
         try:
             values = self.properties()
         except dbus.DBusException as error:
@@ -85,9 +96,7 @@ class Item:
     # What the panel's user does, and what a stranger on the bus may.
 
     def obey(self, command):
-        name = command["do"]
-        answer = getattr(self, "do_" + name.replace("-", "_"))(command)
-        self.tell({"answer": name} | ({} if answer is None else {"value": answer}))
+        return getattr(self, "do_" + command["do"].replace("-", "_"))(command)
 
     def do_activate(self, command):
         self.object.Activate(command.get("x", 0), command.get("y", 0), dbus_interface=ITEM)

@@ -9,6 +9,7 @@ import argparse
 import json
 import os
 import sys
+import traceback
 
 import dbus
 import dbus.mainloop.glib
@@ -37,6 +38,10 @@ class Panel:
     def tell(record):
         print(json.dumps(record), flush=True)
 
+    def answer(self, record):
+        """Tells it behind everything that had come over the bus by then."""
+        GLib.idle_add(self.tell, record, priority=GLib.PRIORITY_LOW)
+
     # What the watcher sees.
 
     def added(self, service, path):
@@ -57,7 +62,11 @@ class Panel:
             return False
         *lines, self.pending = (self.pending + chunk).split(b"\n")
         for line in lines:
-            self.obey(json.loads(line))
+            try:
+                self.obey(json.loads(line))
+            except Exception:  # the main loop would only print it
+                traceback.print_exc()
+                os._exit(1)
         return True
 
     def obey(self, command):
@@ -66,11 +75,12 @@ class Panel:
             if name in {"start", "stop", "quit"}:
                 getattr(self, name)(command)
             elif not self.items:
-                self.tell({"answer": name, "error": "no item"})
+                self.answer({"answer": name, "error": "no item"})
             else:
-                next(reversed(self.items.values())).obey(command)
+                value = next(reversed(self.items.values())).obey(command)
+                self.answer({"answer": name} | ({} if value is None else {"value": value}))
         except dbus.DBusException as error:
-            self.tell({"answer": name, "error": error.get_dbus_name()})
+            self.answer({"answer": name, "error": error.get_dbus_name()})
 
     def start(self, _command):
         self.bus.request_name(WATCHER, dbus.bus.NAME_FLAG_DO_NOT_QUEUE)

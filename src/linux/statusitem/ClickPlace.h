@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+
+#include <optional>
+
+namespace vantrel {
+
+/// The place of a click that a host tells in the pixels of the screen, in the coordinates of
+/// `Screen::frame`. Empty for the zeros of a host that knows none, and for what lies on no screen.
+[[nodiscard]] std::optional<QRect> placeOfClick(QPoint pixel);
+
+/// The same of a frame; by the screen of its middle.
+[[nodiscard]] std::optional<QRect> placeOfFrame(const QRect &pixels);
+
+} // namespace vantrel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SymbolArt.h"
+
+#include <platform/Color.h>
+
+#include <QString>
+#include <QTemporaryDir>
+
+namespace vantrel {
+
+/// The item's icons as files, for hosts that take an icon by its name: a folder of their own in the
+/// user's runtime folder, which goes with this object.
+///
+/// Each file lies in it twice, loose and as part of a theme, since hosts differ in where they look.
+/// Where nothing can be written the names are empty, and hosts take the pixmaps.
+class IconFolder {
+public:
+    explicit IconFolder(SymbolArt art);
+
+    /// Empty where it could not be made.
+    [[nodiscard]] QString path() const;
+
+    /// The name of the symbol, of a form that hosts tint.
+    [[nodiscard]] QString symbolName(const QString &symbol);
+
+    /// The name of a dot that fills its picture.
+    [[nodiscard]] QString dotName(const Color &dot);
+
+private:
+    [[nodiscard]] QString named(const QString &name, const QByteArray &drawing) const;
+
+    SymbolArt m_art;
+    QTemporaryDir m_folder;
+};
+
+} // namespace vantrel

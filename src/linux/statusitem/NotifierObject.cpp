@@ -1,0 +1,77 @@
+#include "NotifierObject.h"
+
+#include "HostTexts.h"
+#include "ItemPicture.h"
+#include "NotifierAdaptor.h"
+
+#include <QDBusMetaType>
+
+#include <optional>
+
+namespace vantrel {
+
+namespace {
+
+/// Hosts take the next larger one and scale it; these are the heights that panels have.
+constexpr int iconSides[] = {16, 22, 24, 32, 48, 64};
+constexpr int overlaySides[] = {8, 10, 16, 24};
+
+std::optional<Color> dotOf(const ItemLook &look) {
+    return look.title ? std::optional(look.title->dot) : std::nullopt;
+}
+
+} // namespace
+
+NotifierObject::NotifierObject(SymbolArt art, Listener listener)
+    : m_art(art), m_listener(std::move(listener)), m_icons(std::move(art)) {
+    qDBusRegisterMetaType<IconPixmap>();
+    qDBusRegisterMetaType<IconPixmaps>();
+    qDBusRegisterMetaType<HostToolTip>();
+    new NotifierAdaptor(this);
+}
+
+void NotifierObject::show(const ItemLook &look) {
+    const ItemLook before = std::exchange(m_look, look);
+    const bool isOtherDot = dotOf(before) != dotOf(look);
+    const bool isOtherIcon = isOtherDot || before.symbol != look.symbol ||
+                             before.accessibleDescription != look.accessibleDescription;
+    if (isOtherIcon) {
+        m_iconName = m_icons.symbolName(look.symbol);
+        m_iconPixmaps.clear();
+        for (const int side : iconSides)
+            m_iconPixmaps.append(IconPixmap::of(itemPicture(look, side, unknownPanelTone, m_art)));
+    }
+    if (isOtherDot) {
+        m_overlayName = look.title ? m_icons.dotName(look.title->dot) : QString();
+        m_overlayPixmaps.clear();
+        if (look.title) {
+            for (const int side : overlaySides)
+                m_overlayPixmaps.append(IconPixmap::of(dotPicture(look.title->dot, side)));
+        }
+    }
+
+    if (isOtherIcon)
+        Q_EMIT NewIcon();
+    if (isOtherDot)
+        Q_EMIT NewOverlayIcon();
+    if (nameText(before) != title())
+        Q_EMIT NewTitle();
+    if (hostToolTip(before) != toolTip())
+        Q_EMIT NewToolTip();
+    if (labelText(before) != label())
+        Q_EMIT XAyatanaNewLabel(label(), label());
+}
+
+QString NotifierObject::title() const {
+    return nameText(m_look);
+}
+
+HostToolTip NotifierObject::toolTip() const {
+    return hostToolTip(m_look);
+}
+
+QString NotifierObject::label() const {
+    return labelText(m_look);
+}
+
+} // namespace vantrel
