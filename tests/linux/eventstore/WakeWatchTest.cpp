@@ -1,4 +1,5 @@
 #include "CapturedLog.h"
+#include "LoginManager.h"
 
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
@@ -8,11 +9,9 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QLocalServer>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -24,35 +23,8 @@ using namespace tests;
 
 constexpr int patience = 20'000; // milliseconds until a test gives up
 
-/// A bus of the test's own with a stand-in for the login manager on it.
 class WakeWatchTest : public testing::Test {
 protected:
-    void SetUp() override {
-        m_bus.start(QStringLiteral("dbus-daemon"),
-                    {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                     QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")});
-        while (!m_bus.canReadLine())
-            ASSERT_TRUE(m_bus.waitForReadyRead(patience)) << m_bus.readAllStandardError().data();
-        address = QString::fromUtf8(m_bus.readLine()).trimmed();
-        manager = QDBusConnection::connectToBus(address, QStringLiteral("test-manager"));
-        ASSERT_TRUE(manager.registerService(QStringLiteral("org.freedesktop.login1")));
-    }
-
-    void TearDown() override {
-        QDBusConnection::disconnectFromBus(QStringLiteral("test-manager"));
-        m_bus.terminate();
-        m_bus.waitForFinished(patience);
-    }
-
-    static void sendSleep(const QDBusConnection &from, bool isGoingToSleep,
-                          const QString &path = QStringLiteral("/org/freedesktop/login1")) {
-        QDBusMessage signal =
-            QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.login1.Manager"),
-                                       QStringLiteral("PrepareForSleep"));
-        signal << isGoingToSleep;
-        ASSERT_TRUE(from.send(signal));
-    }
-
     /// Waits until that many reports have come, and a little for one too many.
     void expectReports(int count) {
         const QDeadlineTimer deadline(patience);
@@ -70,54 +42,45 @@ protected:
         ASSERT_TRUE(watch.isListening());
     }
 
-    QString address;
-    QDBusConnection manager{QStringLiteral("none")};
+    LoginManager manager;
     CapturedLog log;
     int reports = 0;
-
-private:
-    QProcess m_bus;
 };
 
 TEST_F(WakeWatchTest, TellsThatTheMachineWokeAndNotThatItGoesToSleep) {
-    const WakeWatch watch([this] { ++reports; }, address);
+    const WakeWatch watch([this] { ++reports; }, manager.address());
     awaitListening(watch);
-    sendSleep(manager, true);
-    sendSleep(manager, false);
+    manager.announceSleep();
+    manager.announceWaking();
     expectReports(1);
-    sendSleep(manager, true);
-    sendSleep(manager, false);
+    manager.announceSleep();
+    manager.announceWaking();
     expectReports(2);
     EXPECT_EQ(log.text(), "");
 }
 
 TEST_F(WakeWatchTest, BelievesTheLoginManagerAlone) {
-    const WakeWatch watch([this] { ++reports; }, address);
+    const WakeWatch watch([this] { ++reports; }, manager.address());
     awaitListening(watch);
-    const QDBusConnection stranger =
-        QDBusConnection::connectToBus(address, QStringLiteral("test-stranger"));
-    sendSleep(stranger, false);
-    sendSleep(manager, false, QStringLiteral("/elsewhere"));
-    sendSleep(manager, false);
+    LoginManager::send(manager.stranger(), false);
+    LoginManager::send(manager.connection(), false, QStringLiteral("/elsewhere"));
+    manager.announceWaking();
     expectReports(1);
-    QDBusConnection::disconnectFromBus(QStringLiteral("test-stranger"));
 }
 
 TEST_F(WakeWatchTest, HearsALoginManagerThatStartsAgain) {
-    const WakeWatch watch([this] { ++reports; }, address);
+    const WakeWatch watch([this] { ++reports; }, manager.address());
     awaitListening(watch);
-    ASSERT_TRUE(manager.unregisterService(QStringLiteral("org.freedesktop.login1")));
-    QDBusConnection next = QDBusConnection::connectToBus(address, QStringLiteral("test-next"));
-    ASSERT_TRUE(next.registerService(QStringLiteral("org.freedesktop.login1")));
+    QDBusConnection next = manager.stranger();
+    manager.passNameTo(next);
     // The watch learns of the new owner over the bus, ahead of what that one sends.
-    sendSleep(next, false);
+    LoginManager::send(next, false);
     expectReports(1);
-    QDBusConnection::disconnectFromBus(QStringLiteral("test-next"));
 }
 
 TEST_F(WakeWatchTest, TheStoreAnnouncesThatTheMachineWoke) {
     const QByteArray before = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
-    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8());
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", manager.address().toUtf8());
     fakes::ManualMainQueue queue(fakes::at("2026-03-02T08:00:00"));
     LocalEventStore store(
         queue, StoreConfiguration(), [] { return fakes::calendarIn("UTC"); },
@@ -131,7 +94,7 @@ TEST_F(WakeWatchTest, TheStoreAnnouncesThatTheMachineWoke) {
     queue.suspend(Seconds{28800.0});
     // Nobody outside knows from when on the store listens.
     while (reports == 0 && !deadline.hasExpired()) {
-        sendSleep(manager, false);
+        manager.announceWaking();
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     EXPECT_GE(reports, 1);
@@ -155,10 +118,10 @@ TEST_F(WakeWatchTest, WaitsForNoBusThatTakesCallsAndNeverAnswers) {
 
 TEST_F(WakeWatchTest, SaysNothingOnceItIsGone) {
     {
-        const WakeWatch watch([this] { ++reports; }, address);
+        const WakeWatch watch([this] { ++reports; }, manager.address());
         awaitListening(watch);
     }
-    sendSleep(manager, false);
+    manager.announceWaking();
     expectReports(0);
 }
 
