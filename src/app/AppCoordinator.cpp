@@ -1,5 +1,10 @@
 #include "AppCoordinator.h"
 
+#include <links/JoinOpener.h>
+#include <takeover/DemoTakeover.h>
+
+#include <utility>
+
 namespace vantrel {
 
 namespace {
@@ -10,12 +15,15 @@ constexpr Seconds quietTimeAfterChanges{0.5};
 
 AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &calendarAccess,
                                const AppServices &services, const QString &rescueLogFile)
-    : m_calendarAccess(calendarAccess),
+    : m_preferences(preferences),
+      m_calendarAccess(calendarAccess),
+      m_services(services),
       m_calendarRepository(calendarAccess.store(), services.currentCalendar),
       m_calendarAccessStatus(calendarAccess.currentStatus()),
       m_calendarSelection(preferences, services.defaults, calendarAccess.store(),
                           m_calendarRepository),
       m_query(calendarAccess.store()),
+      m_upcomingEventsViewModel(m_query, preferences, services.queue, services.currentCalendar),
       m_takeoverWindowController(services.queue, services.screenLayout, services.panels),
       m_rescueLog(
           RescueLogStore(rescueLogFile), [&queue = services.queue] { return queue.now(); },
@@ -28,6 +36,7 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
       m_calendarSnapshot(m_calendarRepository.currentSnapshot()) {}
 
 void AppCoordinator::start() {
+    startMenuBar();
     m_calendarChangeMonitor.start();
     m_takeoverTriggerScheduler.start();
     if (calendarAccessStatus() == CalendarAccess::Status::fullAccess)
@@ -37,10 +46,23 @@ void AppCoordinator::start() {
         requestCalendarAccess();
 }
 
+void AppCoordinator::startMenuBar() {
+    MenuBarController::Actions actions;
+    actions.quit = m_services.terminate;
+    m_menuBar = std::make_unique<MenuBarController>(m_services.statusBar, m_preferences, m_query,
+                                                    m_services.queue, std::move(actions));
+    m_menuBar->observePauseState();
+    m_menuBar->observeDisplayInputs();
+    m_menuBar->startMinuteTick();
+    m_menuBar->applyDisplay();
+}
+
 void AppCoordinator::stop() {
     m_takeoverTriggerScheduler.stop();
     m_calendarChangeMonitor.stop();
     m_takeoverWindowController.hide();
+    if (m_menuBar)
+        m_menuBar->stop();
 }
 
 void AppCoordinator::handleCalendarStoreChanged() {
@@ -51,7 +73,10 @@ void AppCoordinator::handleCalendarStoreChanged() {
     if (!hadAccess && calendarAccessStatus() == CalendarAccess::Status::fullAccess)
         m_calendarSelection.chooseDefault();
     m_calendarSelection.follow();
+    m_upcomingEventsViewModel.refresh();
     m_takeoverTriggerScheduler.refresh();
+    if (m_menuBar)
+        m_menuBar->applyDisplay();
 }
 
 void AppCoordinator::requestCalendarAccess() {
@@ -67,6 +92,28 @@ void AppCoordinator::takeAccess(CalendarAccess::Status status) {
     m_calendarSnapshot.set(m_calendarRepository.currentSnapshot());
     if (status == CalendarAccess::Status::fullAccess)
         m_calendarSelection.chooseDefault();
+    m_upcomingEventsViewModel.refresh();
+}
+
+void AppCoordinator::handleJoin(const UpcomingEvent &event) {
+    const auto *video = event.videoLink ? event.videoLink->asVideo() : nullptr;
+    const auto *phone = event.phoneLink ? event.phoneLink->asPhone() : nullptr;
+    if (video)
+        JoinOpener::open(m_services.workspace, video->url, m_preferences.joinTarget(),
+                         m_preferences.shortcutOnJoin());
+    else if (phone)
+        JoinOpener::dial(m_services.workspace, phone->rawNumber);
+    else
+        return;
+    m_rescueLog.recordRescue(RescueSource::popover);
+}
+
+void AppCoordinator::previewTakeover(std::optional<Theme> themeOverride) {
+    const Theme theme = themeOverride.value_or(m_preferences.selectedTheme());
+    const auto nothing = [] {};
+    m_takeoverWindowController.show(
+        demoTakeover(m_services.queue.now(), m_services.currentCalendar(), m_copyProvider),
+        palette(theme), std::nullopt, nothing, nothing, nothing);
 }
 
 } // namespace vantrel

@@ -7,22 +7,27 @@
 #include <calendar/CalendarRepository.h>
 #include <calendar/UpcomingEventsQuery.h>
 #include <copy/TemplateCopyProvider.h>
+#include <menubar/MenuBarController.h>
+#include <menubar/UpcomingEventsViewModel.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 #include <platform/Published.h>
 #include <platform/ScreenLayout.h>
 #include <platform/ShieldingPanels.h>
+#include <platform/StatusItem.h>
 #include <platform/UserDefaults.h>
 #include <platform/Workspace.h>
 #include <preferences/PreferencesStore.h>
 #include <rescues/RescueLog.h>
 #include <takeover/TakeoverTriggerScheduler.h>
 #include <takeover/TakeoverWindowController.h>
+#include <theme/Theme.h>
 
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vantrel {
 
@@ -33,7 +38,9 @@ struct AppServices {
     Workspace &workspace;
     ScreenLayout &screenLayout;
     ShieldingPanels &panels;
+    StatusBar &statusBar;
     CurrentCalendar currentCalendar;
+    std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
 
 /// The program's root: owns every long-lived part, wires them together and follows changes of the
@@ -47,11 +54,20 @@ public:
     AppCoordinator(const AppCoordinator &) = delete;
     AppCoordinator &operator=(const AppCoordinator &) = delete;
 
-    /// Begins to follow the calendars and to plan takeovers. Called once.
+    /// Puts up the status item and begins to follow the calendars and to plan takeovers. Called
+    /// once.
     void start();
 
-    /// Ends what `start` began and takes down a takeover that is up.
+    /// Ends what `start` began and takes down what is shown.
     void stop();
+
+    /// Opens the event's video link, else dials its number, and counts a rescue; an event with
+    /// neither opens nothing and counts nothing.
+    void handleJoin(const UpcomingEvent &event);
+
+    /// Shows what a takeover looks like, in the selected theme or in another one. Nothing comes of
+    /// the answer. While a takeover is up nothing happens.
+    void previewTakeover(std::optional<Theme> themeOverride);
 
     /// Has the user asked for access to their calendars, if need be. The answer comes later, or
     /// never.
@@ -78,20 +94,25 @@ public:
     }
 
 private:
+    void startMenuBar();
     void handleCalendarStoreChanged();
     void takeAccess(CalendarAccess::Status status);
 
+    PreferencesStore &m_preferences;
     CalendarAccess &m_calendarAccess;
+    const AppServices m_services;
     CalendarRepository m_calendarRepository;
     Published<CalendarAccess::Status> m_calendarAccessStatus;
     CalendarSelection m_calendarSelection;
     UpcomingEventsQuery m_query;
+    UpcomingEventsViewModel m_upcomingEventsViewModel;
     TakeoverWindowController m_takeoverWindowController;
     RescueLog m_rescueLog;
     TemplateCopyProvider m_copyProvider;
     TakeoverTriggerScheduler m_takeoverTriggerScheduler;
     CalendarChangeMonitor m_calendarChangeMonitor;
     Published<CalendarRepository::Snapshot> m_calendarSnapshot;
+    std::unique_ptr<MenuBarController> m_menuBar;            ///< From `start` on.
     std::shared_ptr<char> m_life = std::make_shared<char>(); ///< An answer may come after the end.
 };
 

@@ -10,10 +10,12 @@
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
+#include <linux/statusitem/DesktopStatusBar.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 #include <linux/views/ViewEngine.h>
 #include <linux/workspace/GioWorkspace.h>
 #include <platform/Log.h>
+#include <theme/SymbolPicture.h>
 #include <theme/ThemeModule.h>
 #include <theme/ThemePalette.h>
 
@@ -84,6 +86,13 @@ QVariant chosenPalette(const PreferencesStore &preferences) {
     return QVariant::fromValue(ThemePalette(palette(preferences.selectedTheme())));
 }
 
+SymbolArt symbolArt() {
+    return {[](const QString &symbol, QSize pixels, const QColor &color) {
+                return symbolPicture(symbol, pixels, color);
+            },
+            &symbolDrawing};
+}
+
 int runAgent(int &argc, char **argv, const RunAgent &command) {
     const QGuiApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
@@ -102,9 +111,11 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     GioWorkspace workspace;
     QtScreenLayout screenLayout(queue);
     QtShieldingPanels panels(queue, views);
+    DesktopStatusBar statusBar(queue, symbolArt());
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
-                               {queue, defaults, workspace, screenLayout, panels, currentCalendar},
+                               {queue, defaults, workspace, screenLayout, panels, statusBar,
+                                currentCalendar, &QGuiApplication::quit},
                                rescueLogFile(command.profile));
 
     store.start();

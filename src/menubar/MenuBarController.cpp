@@ -86,10 +86,12 @@ std::optional<UpcomingEvent> MenuBarController::displayEvent(Instant now) const 
 void MenuBarController::handleClick(const StatusItemClick &click) {
     if (!m_statusItem)
         return;
-    if (click.button == PointerButton::right || click.hasControl)
-        m_actions.showMenu(menu(), click.place);
-    else
+    if (click.button == PointerButton::right || click.hasControl) {
+        if (m_actions.showMenu)
+            m_actions.showMenu(menu(), click.place);
+    } else if (m_actions.leftClick) {
         m_actions.leftClick(click.place);
+    }
 }
 
 Menu MenuBarController::menu() const {

@@ -20,7 +20,8 @@ namespace vantrel {
 /// next meeting and its countdown, as of the last minute. Main thread only.
 class MenuBarController {
 public:
-    /// What a click or the menu leads to. The place is the one of `StatusItemClick`.
+    /// What a click or the menu leads to; where one is empty, nothing. The place is the one of
+    /// `StatusItemClick`.
     struct Actions {
         std::function<void(const std::optional<QRect> &place)> leftClick;
         std::function<void(const Menu &menu, const std::optional<QRect> &place)> showMenu;

@@ -1,88 +1,27 @@
-#include <app/AppCoordinator.h>
-#include <fakes/FakeEventStore.h>
-#include <fakes/FakeScreens.h>
-#include <fakes/InMemoryUserDefaults.h>
-#include <fakes/ManualMainQueue.h>
-#include <fakes/RecordingPanels.h>
-#include <fakes/RecordingWorkspace.h>
-#include <fakes/Times.h>
-
-#include <QTemporaryDir>
+#include "CoordinatorFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
+#include <cstddef>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace vantrel {
 namespace {
 
 using fakes::at;
 
+using Status = CalendarAccess::Status;
+
 const auto selectionKey = QStringLiteral("Vantrel.selectedCalendarIDs");
 
 const auto unfinishedKey = QStringLiteral("Vantrel.unfinishedDefaultCalendarIDs");
 
-using Status = CalendarAccess::Status;
-
-class AppCoordinatorTest : public testing::Test {
+class AppCoordinatorTest : public CoordinatorFixture {
 protected:
-    AppCoordinatorTest() {
-        screens.connected = {{QStringLiteral("L"), QRect(0, 0, 1920, 1080)}};
-        store.storedCalendars = {calendar("work", StoreCalendarType::local),
-                                 calendar("holidays", StoreCalendarType::subscription),
-                                 calendar("birthdays", StoreCalendarType::birthday)};
-    }
-
-    static StoreCalendar calendar(const char *identifier,
-                                  StoreCalendarType type = StoreCalendarType::local) {
-        StoreCalendar calendar;
-        calendar.calendarIdentifier = QString::fromLatin1(identifier);
-        calendar.title = calendar.calendarIdentifier;
-        calendar.color = Color{0.1, 0.2, 0.3, 1.0};
-        calendar.type = type;
-        calendar.source = {QStringLiteral("source"), QStringLiteral("Source")};
-        return calendar;
-    }
-
-    void addMeeting(const char *identifier, Instant start) {
-        StoreEvent event;
-        event.eventIdentifier = QString::fromLatin1(identifier);
-        event.startDate = start;
-        event.endDate = start + Seconds{1800};
-        event.calendar = std::make_shared<StoreCalendar>(store.storedCalendars.front());
-        store.storedEvents.push_back(event);
-    }
-
-    void remove(const char *identifier) {
-        std::erase_if(store.storedCalendars, [identifier](const StoreCalendar &calendar) {
-            return calendar.calendarIdentifier == QLatin1String(identifier);
-        });
-    }
-
-    /// Lets the coordinator know that the calendars have changed.
-    void announceChange() {
-        store.changed.announce();
-        queue.advance(Seconds{0.5});
-    }
-
-    /// As at a new start of the program on the same settings.
-    void startAgain() {
-        coordinator.reset();
-        preferences = std::make_unique<PreferencesStore>(defaults);
-        start();
-    }
-
-    void start() {
-        coordinator = std::make_unique<AppCoordinator>(
-            *preferences, access,
-            AppServices{queue, defaults, workspace, screens, panels,
-                        [] { return fakes::calendarIn(); }},
-            folder.filePath(QStringLiteral("rescues.json")));
-        coordinator->start();
-        queue.runDue();
-    }
-
     void select(const std::set<QString> &identifiers) {
         preferences->setSelectedCalendarIDs(identifiers);
     }
@@ -96,17 +35,6 @@ protected:
     auto writesOfSelection() const {
         return std::count(defaults.writes.begin(), defaults.writes.end(), selectionKey);
     }
-
-    QTemporaryDir folder;
-    fakes::ManualMainQueue queue{at("2026-03-02T09:00:00")};
-    fakes::FakeEventStore store{[this] { return queue.now(); }};
-    fakes::InMemoryUserDefaults defaults;
-    fakes::RecordingWorkspace workspace;
-    fakes::FakeScreens screens;
-    fakes::RecordingPanels panels;
-    std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
-    CalendarAccess access{store};
-    std::unique_ptr<AppCoordinator> coordinator;
 };
 
 // The default selection

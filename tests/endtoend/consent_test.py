@@ -92,10 +92,7 @@ class ConsentTest(unittest.TestCase):
         self.assertTrue(self.openings.heard(), "the watch works")
 
     def test_loads_nothing_of_the_accounts_before_it_is_allowed(self):
-        bus = self.desktop.folder / "bus"
-        self.desktop.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:path={bus}")
-        within(10, bus.exists, "the bus is up")
-        self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={bus}"
+        self.desktop.start_bus()
         program = self.desktop.start(VANTREL)
         maps = pathlib.Path(f"/proc/{program.pid}/maps")
         self.wait_for_dialog()

@@ -239,6 +239,14 @@ TEST_F(MenuBarControllerTest, ShowsWhatNobodyAnswersAsNotToBeChosen) {
                                         "Quit Vantrel q"}));
 }
 
+TEST_F(MenuBarControllerTest, LeadsNowhereWithoutActions) {
+    controller = std::make_unique<MenuBarController>(bar, calendar.preferences, calendar.query,
+                                                     calendar.queue, MenuBarController::Actions{});
+    click({});
+    click({PointerButton::right, false, std::nullopt});
+    EXPECT_TRUE(calls.empty());
+}
+
 // The end
 
 TEST_F(MenuBarControllerTest, EndsEverythingWhenStopped) {
