@@ -1,0 +1,12 @@
+#include "QtWindows.h"
+
+#include "QtWindow.h"
+
+namespace vantrel {
+
+std::unique_ptr<Window> QtWindows::makeWindow(const ViewContent &content,
+                                              const WindowDescription &description) {
+    return std::make_unique<QtWindow>(content, description, m_engine);
+}
+
+} // namespace vantrel

@@ -1,0 +1,14 @@
+import QtQuick
+
+// Keeps the keys it got.
+Rectangle {
+    id: root
+
+    property string typed: ""
+
+    color: "#008000"
+    Keys.onPressed: event => {
+        root.typed += event.text;
+        event.accepted = true;
+    }
+}
