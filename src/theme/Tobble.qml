@@ -1,0 +1,19 @@
+import QtQuick
+import Vantrel.Theme
+
+// The mascot in one of his poses, as large as fits into the item.
+Item {
+    id: root
+
+    /// A file of art/, without its ending: "tobble-rescue", say.
+    required property string pose
+
+    Accessible.ignored: true
+
+    Image {
+        anchors.fill: parent
+        source: "art/" + root.pose + (root.ThemePaletteKey.palette.isDark ? "-rimmed.svg" : ".svg")
+        sourceSize: Qt.size(root.width, root.height)
+        fillMode: Image.PreserveAspectFit
+    }
+}
