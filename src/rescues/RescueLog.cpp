@@ -75,6 +75,10 @@ RescueStats RescueLog::stats(const DateRange &range) const {
     return stats;
 }
 
+DateRange RescueLog::lastDays(int count) const {
+    return DateRange::lastDays(count, m_clock(), m_calendar());
+}
+
 void RescueLog::mutateToday(std::int64_t DayBucket::*count) {
     const QString key = RescueDateKey::formatter(m_calendar()).string(m_clock());
     DayBuckets days = byDay();

@@ -41,6 +41,9 @@ public:
 
     [[nodiscard]] RescueStats stats(const DateRange &range) const;
 
+    /// The last `count` days up to today, by the log's own clock and calendar.
+    [[nodiscard]] DateRange lastDays(int count) const;
+
 private:
     void mutateToday(std::int64_t DayBucket::*count);
 

@@ -25,4 +25,7 @@ struct Scene {
 /// The question for the calendars, over palettes, sizes and places.
 [[nodiscard]] std::vector<Scene> consentScenes();
 
+/// The recap, over palettes, weeks and sizes.
+[[nodiscard]] std::vector<Scene> recapScenes();
+
 } // namespace vantrel::gallery

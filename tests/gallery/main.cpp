@@ -69,8 +69,8 @@ int main(int argc, char **argv) {
     parser.process(application);
 
     auto scenes = takeoverScenes();
-    const auto questions = consentScenes();
-    scenes.insert(scenes.end(), questions.begin(), questions.end());
+    for (const auto &more : {consentScenes(), recapScenes()})
+        scenes.insert(scenes.end(), more.begin(), more.end());
     const QString only = parser.value(onlyOption);
     if (parser.isSet(listOption)) {
         for (const Scene &scene : scenes)
