@@ -28,6 +28,12 @@ private:
     Seconds m_next = first;
 };
 
+/// What is expected of a calendar's back end.
+struct FeedPatience {
+    Seconds signOfLife{60.0}; ///< Without one for so long it loses its slot to others.
+    Seconds steady{60.0};     ///< One that ends sooner again and again is not started every second.
+};
+
 /// When changes are announced that come in bursts: once none has come for 0.1 s, but not later than
 /// 1 s after the first.
 class AnnouncementPace {

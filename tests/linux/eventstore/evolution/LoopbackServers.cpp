@@ -27,14 +27,25 @@ sockaddr_in loopback(quint16 port) {
     return address;
 }
 
-quint16 freePort() {
+int boundSocket() {
     const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_in address = loopback(0);
+    EXPECT_EQ(::bind(listener, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+    return listener;
+}
+
+quint16 portOf(int listener) {
     sockaddr_in address = loopback(0);
     socklen_t length = sizeof address;
-    ::bind(listener, reinterpret_cast<sockaddr *>(&address), length);
     ::getsockname(listener, reinterpret_cast<sockaddr *>(&address), &length);
-    ::close(listener);
     return ntohs(address.sin_port);
+}
+
+quint16 freePort() {
+    const int listener = boundSocket();
+    const quint16 port = portOf(listener);
+    ::close(listener);
+    return port;
 }
 
 } // namespace
@@ -140,6 +151,15 @@ void WebServer::write(const QString &name, const QByteArray &bytes) const {
     QFile file(m_folder + u'/' + name);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+HangingServer::HangingServer() : m_listener(boundSocket()), m_port(portOf(m_listener)) {
+    // The kernel answers for who does not accept.
+    EXPECT_EQ(::listen(m_listener, SOMAXCONN), 0);
+}
+
+HangingServer::~HangingServer() {
+    ::close(m_listener);
 }
 
 } // namespace vantrel::tests

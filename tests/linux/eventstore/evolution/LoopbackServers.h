@@ -66,4 +66,19 @@ private:
     [[nodiscard]] QStringList command() const override;
 };
 
+/// Lets everybody connect and never says a word.
+class HangingServer {
+public:
+    HangingServer();
+    ~HangingServer();
+    HangingServer(const HangingServer &) = delete;
+    HangingServer &operator=(const HangingServer &) = delete;
+
+    [[nodiscard]] quint16 port() const { return m_port; }
+
+private:
+    int m_listener;
+    quint16 m_port;
+};
+
 } // namespace vantrel::tests

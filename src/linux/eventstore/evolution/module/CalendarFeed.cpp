@@ -12,16 +12,6 @@
 
 namespace vantrel {
 
-namespace {
-
-/// A back end that gives no sign of life for so long loses its slot to others.
-constexpr Seconds patience{60.0};
-
-/// One that ends again and again is not started every second.
-constexpr Seconds steadyTime{60.0};
-
-} // namespace
-
 CalendarFeed::CalendarFeed(QByteArray source, QString identifier, Surroundings surroundings)
     : m_bus(anotherReference(surroundings.bus)),
       m_source(std::move(source)),
@@ -113,7 +103,7 @@ void CalendarFeed::take() {
     m_view = std::move(m_next);
     noteIf(m_surroundings.table.replace(m_identifier, m_view->items()));
     noteIf(m_surroundings.table.settle(m_identifier));
-    m_steady.startFor(steadyTime, [this] { m_pause.reset(); });
+    m_steady.startFor(m_surroundings.patience.steady, [this] { m_pause.reset(); });
     if (std::exchange(m_isTrouble, false))
         qCInfo(eventStoreLog).noquote()
             << logText(m_surroundings.table.title(m_identifier)) + QStringLiteral(": is back");
@@ -122,7 +112,7 @@ void CalendarFeed::take() {
 void CalendarFeed::noteProgress() {
     if (m_view && !m_next && !m_deadline.isRunning())
         return; // At rest there is nothing to be waited for.
-    m_deadline.startFor(patience, [this] { fail("does not answer"); });
+    m_deadline.startFor(m_surroundings.patience.signOfLife, [this] { fail("does not answer"); });
 }
 
 void CalendarFeed::fail(const QByteArray &reason) {

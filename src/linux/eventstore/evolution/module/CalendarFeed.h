@@ -29,6 +29,7 @@ public:
         AnswerTable &table;
         ConnectSlots &slots;
         std::function<void()> noteChange; ///< An answer of the table has become different.
+        FeedPatience patience = {};
     };
 
     /// `source` is what the service calls it, `identifier` what the table does.

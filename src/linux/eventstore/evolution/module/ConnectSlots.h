@@ -6,8 +6,8 @@
 
 namespace vantrel {
 
-/// Lets a few at a time connect: hundreds of calendars at once would keep the service from serving
-/// anybody, and one that stalls holds up no more than a slot.
+/// Lets a few calendars of a place connect at a time: hundreds at once would keep the service from
+/// serving anybody, and one that stalls holds up no more than a slot.
 class ConnectSlots {
 public:
     /// A place in the line, and later a slot. Dropping it gives up either.

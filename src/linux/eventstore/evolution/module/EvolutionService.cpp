@@ -45,7 +45,7 @@ void EvolutionService::take(SourceList list) {
             continue;
         feed = std::make_shared<CalendarFeed>(listed.uid, identifier,
                                               CalendarFeed::Surroundings{m_registry->bus(), m_table,
-                                                                         m_slots,
+                                                                         m_slots[listed.place],
                                                                          [this] { noteChange(); }});
         feed->start(m_window);
     }

@@ -35,7 +35,7 @@ private:
     AnswerTable &m_table;
     const std::function<void()> m_announce;
     Window m_window;
-    ConnectSlots m_slots;
+    std::map<QString, ConnectSlots> m_slots; ///< By place.
     std::shared_ptr<AccountRegistry> m_registry;
     std::map<QString, std::shared_ptr<CalendarFeed>> m_feeds; ///< By calendar identifier.
     AnnouncementPace m_pace;

@@ -69,6 +69,17 @@ SourceCalendar describe(ESourceRegistry *registry, ESource *source) {
     return result;
 }
 
+/// Calendars that belong to no account of their own share one of the registry's, so that the server
+/// has to tell them apart.
+QString placeOf(ESource *source, const StoreSource &account) {
+    if (!e_source_has_extension(source, E_SOURCE_EXTENSION_AUTHENTICATION))
+        return account.sourceIdentifier;
+    auto *server = static_cast<ESourceAuthentication *>(
+        e_source_get_extension(source, E_SOURCE_EXTENSION_AUTHENTICATION));
+    return account.sourceIdentifier + u' ' +
+           QString::fromUtf8(takeText(e_source_authentication_dup_host(server)));
+}
+
 QStringList identityAddresses(ESourceRegistry *registry) {
     QStringList addresses;
     forEachSource(registry, E_SOURCE_EXTENSION_MAIL_IDENTITY, [&addresses](ESource *source) {
@@ -112,7 +123,9 @@ SourceList listSources(ESourceRegistry *registry) {
         } else if (backendOf(source) != "weather") {
             SourceCalendar calendar = describe(registry, source);
             calendar.addresses = addresses;
-            list.calendars.push_back({takeText(e_source_dup_uid(source)), std::move(calendar)});
+            const QString place = placeOf(source, calendar.calendar.source);
+            list.calendars.push_back(
+                {takeText(e_source_dup_uid(source)), place, std::move(calendar)});
         }
     });
     std::sort(list.calendars.begin(), list.calendars.end(),

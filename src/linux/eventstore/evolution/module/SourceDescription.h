@@ -17,6 +17,8 @@ inline constexpr char evolutionPrefix[] = "evolution:";
 
 struct ListedSource {
     QByteArray uid; ///< What the service calls it.
+    /// Where its events come from: calendars of one place stall together.
+    QString place;
     SourceCalendar calendar;
 };
 
