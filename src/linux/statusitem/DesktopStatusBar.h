@@ -7,7 +7,8 @@
 
 namespace vantrel {
 
-/// The desktop's status area, whichever it has: the hosts of StatusNotifierItem on the session bus.
+/// The desktop's status area, whichever it has: the hosts of StatusNotifierItem on the
+/// session bus, or the system tray of an X11 desktop.
 class DesktopStatusBar : public StatusBar {
 public:
     /// `queue` must outlive the status bar and its items.

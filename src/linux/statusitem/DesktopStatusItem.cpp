@@ -8,13 +8,19 @@ namespace vantrel {
 
 DesktopStatusItem::DesktopStatusItem(MainQueue &queue, const SymbolArt &art,
                                      StatusItemListener listener)
-    : m_queue(queue), m_listener(std::move(listener)), m_notifier(art, notifierListener()) {}
+    : m_queue(queue),
+      m_listener(std::move(listener)),
+      m_art(art),
+      m_notifier(art, notifierListener()) {
+    if (!m_notifier.hasBus())
+        follow(false);
+}
 
 StatusNotifier::Listener DesktopStatusItem::notifierListener() {
-    return {{[this](QPoint pixel) { click(PointerButton::left, pixel); },
-             [this](QPoint pixel) { click(PointerButton::right, pixel); }},
+    return {{[this](QPoint pixel) { activate(PointerButton::left, pixel); },
+             [this](QPoint pixel) { activate(PointerButton::right, pixel); }},
             {m_listener.menu, [this](std::function<void()> action) { later(std::move(action)); }},
-            [](bool) {}};
+            [this](bool hasWatcher) { follow(hasWatcher); }};
 }
 
 void DesktopStatusItem::setImage(const QString &symbol, const QString &accessibleDescription) {
@@ -41,12 +47,30 @@ void DesktopStatusItem::show(ItemLook look) {
         return;
     m_look = std::move(look);
     m_notifier.show(m_look);
+    if (m_trayIcon)
+        m_trayIcon->show(m_look);
 }
 
-void DesktopStatusItem::click(PointerButton button, QPoint pixel) {
+void DesktopStatusItem::follow(bool hasWatcher) {
+    const bool hasTray = QGuiApplication::platformName() == u"xcb";
+    if (hasWatcher || !hasTray) {
+        m_trayIcon.reset();
+    } else if (!m_trayIcon) {
+        m_trayIcon = std::make_unique<TrayIcon>(m_art, [this](const TrayIcon::Click &tray) {
+            click({tray.button, tray.hasControl, placeOfFrame(tray.pixels)});
+        });
+        m_trayIcon->show(m_look);
+    }
+}
+
+void DesktopStatusItem::activate(PointerButton button, QPoint pixel) {
     // The bus does not carry the keys that are held down; where the display tells, they count.
     const bool hasControl = QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
-    later([this, click = StatusItemClick{button, hasControl, placeOfClick(pixel)}] {
+    click({button, hasControl, placeOfClick(pixel)});
+}
+
+void DesktopStatusItem::click(const StatusItemClick &click) {
+    later([this, click] {
         if (m_listener.clicked)
             m_listener.clicked(click);
     });

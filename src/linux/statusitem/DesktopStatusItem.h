@@ -3,6 +3,7 @@
 #include "ItemLook.h"
 #include "StatusNotifier.h"
 #include "SymbolArt.h"
+#include "TrayIcon.h"
 
 #include <platform/MainQueue.h>
 #include <platform/StatusItem.h>
@@ -14,7 +15,8 @@
 
 namespace vantrel {
 
-/// The program's status item, wherever the desktop shows it.
+/// The program's status item, wherever the desktop shows it: on the session bus while there is a
+/// watcher of status items, else in the system tray of an X11 desktop.
 class DesktopStatusItem : public StatusItem {
 public:
     DesktopStatusItem(MainQueue &queue, const SymbolArt &art, StatusItemListener listener);
@@ -26,13 +28,17 @@ public:
 private:
     [[nodiscard]] StatusNotifier::Listener notifierListener();
     void show(ItemLook look);
-    void click(PointerButton button, QPoint pixel);
+    void follow(bool hasWatcher);
+    void activate(PointerButton button, QPoint pixel);
+    void click(const StatusItemClick &click);
     /// On the loop, and not at all once the item is gone: a listener may destroy the item.
     void later(std::function<void()> work);
 
     MainQueue &m_queue;
     StatusItemListener m_listener;
     ItemLook m_look;
+    SymbolArt m_art;
+    std::unique_ptr<TrayIcon> m_trayIcon; ///< While there is no watcher.
     StatusNotifier m_notifier;
     std::shared_ptr<char> m_life = std::make_shared<char>();
 };

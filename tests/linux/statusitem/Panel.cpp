@@ -15,10 +15,13 @@
 
 namespace vantrel::tests {
 
-bool waitUntil(const std::function<bool()> &condition) {
+bool waitUntil(const std::function<bool()> &condition, Looking looking) {
     QTimer limit;
     limit.setSingleShot(true);
     limit.start(std::chrono::seconds{30});
+    QTimer again;
+    if (looking == Looking::often)
+        again.start(std::chrono::milliseconds{10});
     while (!condition()) {
         if (!limit.isActive())
             return false;
