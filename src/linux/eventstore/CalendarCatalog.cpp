@@ -130,9 +130,6 @@ std::vector<CalendarCatalog::Entry> CalendarCatalog::readAnew(const std::vector<
                                                               std::vector<bool> &isReplaced,
                                                               const CatalogContext &context,
                                                               Log log) {
-    std::vector<bool> hasEntries(m_items.size());
-    for (const Entry &entry : m_entries)
-        hasEntries[entry.item] = true;
     const SeriesReader reader = readerFor(context);
     std::vector<Entry> fresh;
     for (const ItemIndex item : items) {
@@ -144,8 +141,9 @@ std::vector<CalendarCatalog::Entry> CalendarCatalog::readAnew(const std::vector<
             m_isIncomplete = true;
             continue;
         }
-        if (text->isComplete || !hasEntries[item]) {
+        if (text->isComplete || !m_items.isFromWholeText(item)) {
             isReplaced[item] = true;
+            m_items.setFromWholeText(item, text->isComplete && !text->events.empty());
             if (m_isDescribedByText) {
                 m_textName = text->name;
                 m_textColor = text->color;

@@ -35,7 +35,8 @@ struct CatalogContext {
 /// read again when the window reaches them. Used by one thread at a time.
 ///
 /// An item that cannot be read, or that ends in the middle, keeps what it showed before until it
-/// reads again or is gone; one that never was whole shows the events that are. Of several
+/// reads again or is gone; one that never was whole shows the events that are,
+/// as they are in each of its versions. Of several
 /// events with one UID (and one recurrence id) the later revision shows, by SEQUENCE, then by
 /// LAST-MODIFIED or DTSTAMP, then by the version of its item.
 class CalendarCatalog {

@@ -24,6 +24,11 @@ public:
     /// The item counts as changed the next time, whatever its version is then.
     void markUnread(Index index) { m_items[index].version = neverRead; }
 
+    /// Whether what is kept of the item comes from a complete text, which a half-written one must
+    /// not displace. False of one that was not there before.
+    [[nodiscard]] bool isFromWholeText(Index index) const { return m_areFromWholeTexts[index]; }
+    void setFromWholeText(Index index, bool isWhole) { m_areFromWholeTexts[index] = isWhole; }
+
     [[nodiscard]] std::size_t size() const { return m_items.size(); }
     [[nodiscard]] const SourceItem &operator[](Index index) const { return m_items[index]; }
 
@@ -31,6 +36,7 @@ private:
     static constexpr ItemVersion neverRead{-1, -1, ~std::uint64_t{0}};
 
     std::vector<SourceItem> m_items;
+    std::vector<bool> m_areFromWholeTexts; ///< One for each item.
 };
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 #include "CalendarFiles.h"
 #include "CapturedLog.h"
+#include "MemorySource.h"
 #include "Seed.h"
 
 #include <linux/eventstore/EventIndex.h>
@@ -8,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
 
 namespace vantrel {
@@ -17,40 +17,6 @@ namespace {
 using namespace tests;
 
 constexpr UtcSeconds someDay = 1'772'409'600; // 2026-03-02
-
-/// Calendars in memory, whose items come, change and go.
-class MemorySource : public ComponentSource {
-public:
-    using Items = std::map<QByteArray, std::pair<QByteArray, std::int64_t>>; ///< Text and version.
-
-    std::map<QString, Items> content;
-
-    void start() override {}
-
-    std::vector<SourceCalendar> calendars() override {
-        std::vector<SourceCalendar> calendars;
-        for (const auto &[identifier, items] : content) {
-            calendars.emplace_back();
-            calendars.back().calendar.calendarIdentifier = identifier;
-        }
-        return calendars;
-    }
-
-    std::optional<std::vector<SourceItem>> items(const QString &calendar) override {
-        std::vector<SourceItem> items;
-        for (const auto &[name, item] : content[calendar])
-            items.push_back({name, {item.second, item.first.size(), 0}});
-        return items;
-    }
-
-    std::optional<QByteArray> text(const QString &calendar, const QByteArray &name) override {
-        return content[calendar][name].first;
-    }
-
-    QString description(const QString &, const QByteArray &item) const override {
-        return QString::fromUtf8(item);
-    }
-};
 
 /// Does one thing at random to the content.
 void change(MemorySource &source, std::mt19937 &random, std::int64_t version) {
