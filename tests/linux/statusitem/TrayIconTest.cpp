@@ -144,6 +144,9 @@ TEST_F(TrayIconTest, IsSeenInTheTrayOfARealPanel) {
     settings.close();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOME"), home.path());
+    QProcess windowManager; // Without one tint2 waits for one.
+    windowManager.start(QStringLiteral("openbox"), QStringList{});
+    ASSERT_TRUE(windowManager.waitForStarted());
     QProcess panel;
     panel.setProcessEnvironment(environment);
     panel.setProcessChannelMode(QProcess::MergedChannels);
@@ -164,8 +167,10 @@ TEST_F(TrayIconTest, IsSeenInTheTrayOfARealPanel) {
                              [](std::uint32_t pixel) { return (pixel & 0xffffff) == 0xff8000; });
     };
     EXPECT_TRUE(waitUntil([&] { return countOfDotPixels() > 10; }, Looking::often));
-    panel.terminate();
-    panel.waitForFinished();
+    for (QProcess *program : {&panel, &windowManager}) {
+        program->terminate();
+        program->waitForFinished();
+    }
 }
 
 } // namespace vantrel::tests
