@@ -1,34 +1,15 @@
 #include "Panel.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QJsonDocument>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <stdexcept>
 #include <utility>
 
 namespace vantrel::tests {
-
-bool waitUntil(const std::function<bool()> &condition, Looking looking) {
-    QTimer limit;
-    limit.setSingleShot(true);
-    limit.start(std::chrono::seconds{30});
-    QTimer again;
-    if (looking == Looking::often)
-        again.start(std::chrono::milliseconds{10});
-    while (!condition()) {
-        if (!limit.isActive())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
-}
 
 Panel::Panel(const QStringList &arguments) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <session/Waiting.h>
+
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QProcess>
@@ -11,13 +13,6 @@
 #include <vector>
 
 namespace vantrel::tests {
-
-/// When to look at a condition again: after an event, or all the time, for one whose coming true is
-/// no event.
-enum class Looking { afterEvents, often };
-
-/// Runs the event loop until the condition holds; answers whether it came to that in time.
-bool waitUntil(const std::function<bool()> &condition, Looking looking = Looking::afterEvents);
 
 /// The panel of tests/panel as a process of its own, and what it has told.
 class Panel {

@@ -1,5 +1,6 @@
 #include "Display.h"
-#include "PrivateBus.h"
+
+#include <session/PrivateBus.h>
 
 #include <QGuiApplication>
 

@@ -1,4 +1,4 @@
-#include "PrivateBus.h"
+#include <session/PrivateBus.h>
 
 #include <QGuiApplication>
 

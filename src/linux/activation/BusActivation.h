@@ -1,0 +1,57 @@
+#pragma once
+
+#include "ApplicationObject.h"
+
+#include <platform/Activation.h>
+#include <platform/MainQueue.h>
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace vantrel {
+
+/// One running program a session and profile, by a name on the session bus: the one that has the
+/// name is asked what others were started for.
+class BusActivation : public Activation {
+public:
+    enum class Claim {
+        isFirst,     ///< This one runs, and is asked from now on. Also without a session bus.
+        wasHandedOn, ///< Another one runs and has taken the request.
+        wasRefused,  ///< Another one runs and did not take it.
+    };
+
+    /// `profile` is the folder of a profile; empty for the user's own. `queue` must outlive this.
+    BusActivation(MainQueue &queue, const std::optional<QString> &profile);
+    BusActivation(const BusActivation &) = delete;
+    BusActivation &operator=(const BusActivation &) = delete;
+    ~BusActivation() override;
+
+    /// Runs the event loop until it is known whether another one runs, for some seconds at most.
+    [[nodiscard]] Claim claim(ActivationRequest request);
+
+    void follow(std::function<void(ActivationRequest)> handler) override;
+
+    /// The name on the bus that a profile's program has.
+    [[nodiscard]] static QString busName(const std::optional<QString> &profile);
+
+private:
+    /// The answer; empty when none came in time.
+    [[nodiscard]] std::optional<QDBusMessage> ask(const QDBusMessage &question);
+    void take(ActivationRequest request);
+
+    MainQueue &m_queue;
+    QString m_name;
+    ApplicationObject m_object;
+    std::optional<QDBusConnection> m_bus;
+    std::function<void(ActivationRequest)> m_handler;
+    std::vector<ActivationRequest> m_waiting;
+    std::shared_ptr<char> m_life = std::make_shared<char>();
+};
+
+} // namespace vantrel

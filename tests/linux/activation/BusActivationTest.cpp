@@ -1,0 +1,137 @@
+#include <linux/activation/BusActivation.h>
+#include <linux/mainqueue/QtMainQueue.h>
+#include <session/Waiting.h>
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusReply>
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <vector>
+
+namespace vantrel::tests {
+
+using Claim = BusActivation::Claim;
+using testing::ElementsAre;
+
+namespace {
+
+class BusActivationTest : public testing::Test {
+protected:
+    void follow(BusActivation &activation) {
+        activation.follow([this](ActivationRequest request) { requests.push_back(request); });
+    }
+
+    /// Starts the program again, while this one answers; what came of it.
+    static Claim startAgain(const QStringList &arguments) {
+        QProcess second;
+        second.setProcessChannelMode(QProcess::ForwardedChannels);
+        second.start(QStringLiteral(SECOND_START), arguments);
+        EXPECT_TRUE(waitUntil([&] { return second.state() == QProcess::NotRunning; }));
+        EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
+        return static_cast<Claim>(second.exitCode());
+    }
+
+    /// Calls the program as a desktop does; the error's name, empty for none.
+    static QString call(const QString &member, const QVariantList &arguments) {
+        QDBusConnection bus =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("desktop"));
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QStringLiteral("org.vantrel.Vantrel"), QStringLiteral("/org/vantrel/Vantrel"),
+            QStringLiteral("org.freedesktop.Application"), member);
+        message.setArguments(arguments);
+        const QDBusPendingCallWatcher pending(bus.asyncCall(message));
+        EXPECT_TRUE(waitUntil([&] { return pending.isFinished(); }));
+        return pending.reply().errorName();
+    }
+
+    bool waitForRequests(std::size_t count) {
+        return waitUntil([&] { return requests.size() >= count; });
+    }
+
+    QtMainQueue queue;
+    std::vector<ActivationRequest> requests;
+};
+
+} // namespace
+
+TEST_F(BusActivationTest, HandsTheRequestOnToTheOneThatRuns) {
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::wasHandedOn);
+    EXPECT_EQ(startAgain({QStringLiteral("pause")}), Claim::wasHandedOn);
+    ASSERT_TRUE(waitForRequests(2));
+    EXPECT_THAT(requests,
+                ElementsAre(ActivationRequest::showPopover, ActivationRequest::togglePause));
+}
+
+TEST_F(BusActivationTest, KeepsWhatIsAskedBeforeTheProgramIsReady) {
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    EXPECT_EQ(startAgain({QStringLiteral("preferences")}), Claim::wasHandedOn);
+    follow(activation);
+    ASSERT_TRUE(waitForRequests(1));
+    EXPECT_THAT(requests, ElementsAre(ActivationRequest::showPreferences));
+}
+
+TEST_F(BusActivationTest, IsFirstAgainAfterTheOtherHasEnded) {
+    EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::isFirst);
+    BusActivation activation(queue, std::nullopt);
+    EXPECT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+}
+
+TEST_F(BusActivationTest, RunsOncePerProfileHoweverItsFolderIsSpelled) {
+    const QTemporaryDir profile;
+    BusActivation activation(queue, profile.path());
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    const QTemporaryDir other;
+    EXPECT_EQ(startAgain({QStringLiteral("quit")}), Claim::isFirst);
+    EXPECT_EQ(startAgain({QStringLiteral("quit"), other.path()}), Claim::isFirst);
+    EXPECT_EQ(startAgain({QStringLiteral("quit"), profile.path() + QStringLiteral("/./")}),
+              Claim::wasHandedOn);
+    EXPECT_TRUE(waitForRequests(1));
+}
+
+TEST_F(BusActivationTest, SaysWhenTheOneThatHasTheNameDoesNotTakeTheRequest) {
+    const QString name = BusActivation::busName(std::nullopt);
+    QDBusConnection stranger =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("stranger"));
+    ASSERT_TRUE(stranger.registerService(name));
+    EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::wasRefused);
+    stranger.unregisterService(name);
+}
+
+TEST_F(BusActivationTest, IsFirstWithoutASessionBus) {
+    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    BusActivation activation(queue, std::nullopt);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    EXPECT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+}
+
+TEST_F(BusActivationTest, AnswersTheCallsOfTheDesktopEntrySpecification) {
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    const QVariantMap platformData{{QStringLiteral("desktop-startup-id"), QStringLiteral("x")}};
+    EXPECT_EQ(call(QStringLiteral("Activate"), {platformData}), QString());
+    EXPECT_EQ(
+        call(QStringLiteral("Open"), {QStringList{QStringLiteral("file:///x")}, platformData}),
+        QString());
+    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
+                   {QStringLiteral("quit"), QVariantList(), platformData}),
+              QString());
+    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
+                   {QStringLiteral("format"), QVariantList(), platformData}),
+              QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+    ASSERT_TRUE(waitForRequests(2));
+    EXPECT_THAT(requests, ElementsAre(ActivationRequest::showPopover, ActivationRequest::quit));
+}
+
+} // namespace vantrel::tests

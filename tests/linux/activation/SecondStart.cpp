@@ -1,0 +1,17 @@
+// Claims the name for a request and tells with its exit code what came of it.
+// Usage: SecondStart REQUEST [PROFILE]
+
+#include <linux/activation/BusActivation.h>
+#include <linux/mainqueue/QtMainQueue.h>
+
+#include <QCoreApplication>
+
+int main(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    vantrel::QtMainQueue queue;
+    vantrel::BusActivation activation(queue, arguments.size() > 2 ? std::optional(arguments[2])
+                                                                  : std::nullopt);
+    return static_cast<int>(
+        activation.claim(vantrel::activationRequest(arguments.value(1)).value()));
+}
