@@ -2,97 +2,16 @@
 """The accounts of a desktop: a meeting that a CalDAV server gets takes over the screen, and nobody
 touches the program."""
 
-import http.client
 import json
 import os
-import socket
 import time
 import unittest
 
-from desktop import LEFT, SURFACE, Desktop, share, stamp, within
+from accounts import Accounts
+from desktop import LEFT, SURFACE, Desktop, share, within
 
 VANTREL = os.environ["VANTREL"]
 LEAD = 3
-
-SOURCE = """[Data Source]
-DisplayName=Office
-Enabled=true
-Parent=caldav-stub
-
-[Calendar]
-BackendName=caldav
-
-[Authentication]
-Host=127.0.0.1
-Port={port}
-Method=none
-ProxyUid=system-proxy
-
-[Security]
-Method=none
-
-[WebDAV Backend]
-ResourcePath=/me/work/
-
-[Offline]
-StaySynchronized=true
-
-[Refresh]
-Enabled=true
-IntervalMinutes=1
-"""
-
-
-def free_port():
-    with socket.socket() as listener:
-        listener.bind(("127.0.0.1", 0))
-        return listener.getsockname()[1]
-
-
-class Accounts:
-    """A session bus, on which the desktop's services start, and a CalDAV server on loopback."""
-
-    def __init__(self, desktop):
-        self.port = free_port()
-        configuration = desktop.folder / "radicale.conf"
-        configuration.write_text(
-            f"[server]\nhosts = 127.0.0.1:{self.port}\n[auth]\ntype = none\n"
-            f"[rights]\ntype = owner_only\n[storage]\nfilesystem_folder = {desktop.folder}/caldav\n")
-        desktop.start("/usr/bin/python3", "-m", "radicale", "--config", str(configuration))
-        within(30, self.answers, "the CalDAV server answers")
-        # The owner first, or nobody owns what lies below.
-        self.ask("MKCOL", "/me/")
-        self.ask("MKCALENDAR", "/me/work/")
-
-        sources = desktop.folder / "config" / "evolution" / "sources"
-        sources.mkdir(parents=True)
-        (sources / "office.source").write_text(SOURCE.format(port=self.port))
-        bus = desktop.folder / "runtime" / "bus"
-        desktop.environment |= {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={bus}",
-                                "GSETTINGS_BACKEND": "memory"}
-        desktop.start("dbus-daemon", "--session", "--nofork", f"--address=unix:path={bus}")
-        within(10, bus.exists, "the session bus is there")
-
-    def answers(self):
-        try:
-            return self.ask("GET", "/", succeeds=False)
-        except OSError:
-            return None
-
-    def ask(self, method, path, body=None, succeeds=True):
-        connection = http.client.HTTPConnection("127.0.0.1", self.port, timeout=30)
-        connection.request(method, path, body, {"Content-Type": "text/calendar"} if body else {})
-        status = connection.getresponse().status
-        connection.close()
-        if succeeds and status >= 300:
-            raise AssertionError(f"{method} {path}: {status}")
-        return status
-
-    def put_meeting(self, name, starts_at):
-        self.ask("PUT", f"/me/work/{name}.ics", "\r\n".join([
-            "BEGIN:VCALENDAR", "VERSION:2.0", "PRODID:-//test//EN", "BEGIN:VEVENT", f"UID:{name}",
-            f"DTSTAMP:{stamp(starts_at)}", f"DTSTART:{stamp(starts_at)}", "DURATION:PT30M",
-            f"SUMMARY:Meeting {name}", "END:VEVENT", "END:VCALENDAR", ""]))
 
 
 class AccountsTest(unittest.TestCase):

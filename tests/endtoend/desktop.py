@@ -53,12 +53,8 @@ def stamp(moment):
     return datetime.datetime.fromtimestamp(moment, datetime.timezone.utc).strftime("%Y%m%dT%H%M%SZ")
 
 
-class Desktop(contextlib.ExitStack):
-    """`with Desktop() as desktop:` starts it all; leaving ends just what was started."""
-
-    def __init__(self, window_manager=True):
-        super().__init__()
-        self.window_manager = window_manager
+class Session(contextlib.ExitStack):
+    """A home of the test's own, and what runs in it. Leaving ends just what was started."""
 
     def __enter__(self):
         super().__enter__()
@@ -77,30 +73,12 @@ class Desktop(contextlib.ExitStack):
             "XDG_CONFIG_HOME": str(self.folder / "config"),
             "XDG_CACHE_HOME": str(self.folder / "cache"),
             "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
-            "QT_QPA_PLATFORM": "xcb",
             # Nobody is there before start_bus(), and the user's own session stays out of it.
             "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.folder / 'bus'}",
             "LC_ALL": "C.UTF-8",
             "TZ": "Europe/Zurich",
         }
-        self._start_display()
-        self.set_monitors({"L": LEFT, "R": RIGHT})
-        if self.window_manager:
-            self.start("openbox")
-            within(10, lambda: b"window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
-                   "the window manager runs")
-            self.start("tint2")
-            within(10, lambda: self.windows(klass="tint2"), "the dock is up")
         return self
-
-    def _start_display(self):
-        reading, writing = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", "3840x1080x24", "-nolisten", "tcp",
-                   "-noreset", pass_fds=[writing])
-        os.close(writing)
-        with os.fdopen(reading) as pipe:
-            self.display = ":" + pipe.readline().strip()
-        self.environment["DISPLAY"] = self.display
 
     def start_bus(self):
         """The session bus. Programs that were started before find none."""
@@ -129,6 +107,36 @@ class Desktop(contextlib.ExitStack):
     def ask(self, *command):
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL, check=False).stdout
+
+
+class Desktop(Session):
+    """`with Desktop() as desktop:` starts it all: a display, a window manager, a dock."""
+
+    def __init__(self, window_manager=True):
+        super().__init__()
+        self.window_manager = window_manager
+
+    def __enter__(self):
+        super().__enter__()
+        self.environment["QT_QPA_PLATFORM"] = "xcb"
+        self._start_display()
+        self.set_monitors({"L": LEFT, "R": RIGHT})
+        if self.window_manager:
+            self.start("openbox")
+            within(10, lambda: b"window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                   "the window manager runs")
+            self.start("tint2")
+            within(10, lambda: self.windows(klass="tint2"), "the dock is up")
+        return self
+
+    def _start_display(self):
+        reading, writing = os.pipe()
+        self.start("Xvfb", "-displayfd", str(writing), "-screen", "0", "3840x1080x24", "-nolisten", "tcp",
+                   "-noreset", pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            self.display = ":" + pipe.readline().strip()
+        self.environment["DISPLAY"] = self.display
 
     def set_monitors(self, monitors):
         """Makes just these monitors of the one large screen."""
