@@ -10,6 +10,7 @@
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
 #include <fakes/RecordingPanels.h>
+#include <fakes/RecordingStatusBar.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
 #include <linux/eventstore/LocalEventStore.h>
@@ -120,6 +121,7 @@ private:
     fakes::RecordingWorkspace m_workspace;
     fakes::FakeScreens m_screens;
     fakes::RecordingPanels m_panels;
+    fakes::RecordingStatusBar m_statusBar;
     std::unique_ptr<CalendarAccess> m_access;
     std::unique_ptr<AppCoordinator> m_coordinator;
     Subscription m_subscription;
