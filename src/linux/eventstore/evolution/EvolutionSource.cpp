@@ -20,10 +20,15 @@ namespace {
 
 constexpr Seconds waitSlice{0.05};
 
+/// Below the folders for data.
+QString serviceFolder() {
+    return QStringLiteral("dbus-1/services");
+}
+
 /// The bus is not asked, since it may take its time: it starts what these files name.
 bool isServiceInstalled() {
-    const auto file =
-        QStringLiteral("dbus-1/services/org.gnome.evolution.dataserver.Sources5.service");
+    const QString file =
+        serviceFolder() + QStringLiteral("/org.gnome.evolution.dataserver.Sources5.service");
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
 }
 
@@ -103,6 +108,28 @@ void EvolutionSource::adopt(Opened opened) {
     }
     m_wasOpened.notify_all();
     announceLater();
+    QMetaObject::invokeMethod(
+        &m_receiver, [this] { watchForService(); }, Qt::QueuedConnection);
+}
+
+/// A package may bring it while the program runs.
+void EvolutionSource::watchForService() {
+    if (live() || m_serviceWatch || !QFile::exists(m_module))
+        return;
+    const QStringList folders = QStandardPaths::locateAll(
+        QStandardPaths::GenericDataLocation, serviceFolder(), QStandardPaths::LocateDirectory);
+    m_serviceWatch = std::make_unique<QFileSystemWatcher>(folders);
+    QObject::connect(m_serviceWatch.get(), &QFileSystemWatcher::directoryChanged, &m_receiver,
+                     [this] { openIfInstalled(); });
+    openIfInstalled(); // It may have come just before.
+}
+
+void EvolutionSource::openIfInstalled() {
+    if (!isServiceInstalled())
+        return;
+    m_serviceWatch.release()->deleteLater(); // Which may be who calls.
+    m_opening.join();
+    start();
 }
 
 void EvolutionSource::announceLater() {

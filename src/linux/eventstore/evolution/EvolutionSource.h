@@ -2,6 +2,7 @@
 
 #include <linux/eventstore/source/ComponentSource.h>
 
+#include <QFileSystemWatcher>
 #include <QObject>
 #include <QString>
 
@@ -15,7 +16,8 @@ namespace vantrel {
 /// The calendars of the desktop's accounts, as Evolution Data Server has them. Opens the module
 /// that talks to it when it starts, and only where the service is there too: elsewhere this is a
 /// source without calendars that can say why, and none of the service's libraries is loaded. They
-/// are loaded on a thread of their own, since a disk may take its time.
+/// are loaded on a thread of their own, since a disk may take its time. A service that is installed
+/// later is noticed.
 class EvolutionSource : public ComponentSource {
 public:
     /// The module beside the running program: in its folder, or in `../lib/vantrel`.
@@ -49,17 +51,20 @@ private:
     [[nodiscard]] Opened open();
     void adopt(Opened opened);
     void announceLater();
+    void watchForService();
+    void openIfInstalled();
     [[nodiscard]] ComponentSource *live() const;
 
     const QString m_module;
     QObject m_receiver; ///< Announcements for it are dropped once it is gone.
     std::thread m_opening;
+    std::unique_ptr<QFileSystemWatcher> m_serviceWatch; ///< While the service is missing.
 
     mutable std::mutex m_mutex; ///< Guards what follows.
     std::condition_variable m_wasOpened;
     Window m_window;
-    bool m_isOpened = false; ///< Or will not be. Neither of these two changes any more then.
-    Opened m_opened;
+    bool m_isOpened = false; ///< Or will not be for now.
+    Opened m_opened;         ///< What is live stays so.
 };
 
 } // namespace vantrel

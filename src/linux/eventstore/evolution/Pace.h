@@ -11,6 +11,9 @@ namespace vantrel {
 /// each time, but never longer than five minutes.
 class RetryPause {
 public:
+    RetryPause() = default;
+    explicit RetryPause(Seconds next) : m_next(next) {}
+
     /// The pause behind one more failure.
     [[nodiscard]] Seconds next() {
         const Seconds pause = m_next;
@@ -26,6 +29,12 @@ private:
     static constexpr Seconds longest{300.0};
 
     Seconds m_next = first;
+};
+
+/// What is expected of the registry.
+struct RegistryPatience {
+    Seconds answer{20.0}; ///< Then people are told. It may still come.
+    RetryPause pause;
 };
 
 /// What is expected of a calendar's back end.

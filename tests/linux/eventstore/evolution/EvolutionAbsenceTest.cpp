@@ -1,8 +1,12 @@
 #include "CapturedLog.h"
+#include "PrivateSession.h"
 
 #include <linux/eventstore/evolution/EvolutionSource.h>
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -80,6 +84,39 @@ TEST_F(EvolutionAbsence, LoadsNoLibraryOfTheServiceWhereItIsNotInstalled) {
     EXPECT_TRUE(loaded.contains("libQt6Core"));
     EXPECT_FALSE(loaded.contains("libecal"));
     EXPECT_FALSE(loaded.contains("libedataserver"));
+}
+
+TEST(EvolutionArrival, IsNoticedWhenTheServiceIsInstalledWhileTheProgramRuns) {
+    int count = 1;
+    char name[] = "test";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    const CapturedLog log;
+    const tests::PrivateSession session; // Its bus can start the service from the beginning.
+    const QTemporaryDir data;
+    const QString folder = data.filePath(QStringLiteral("dbus-1/services"));
+    QDir().mkpath(folder);
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(data.path()));
+    qputenv("GSETTINGS_SCHEMA_DIR", "/usr/share/glib-2.0/schemas");
+    const auto settle = [&log](const auto &condition, const char *what) {
+        const QDeadlineTimer deadline(60'000);
+        while (!condition()) {
+            ASSERT_FALSE(deadline.hasExpired()) << "not in time: " << what << '\n' << log.text();
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+    };
+
+    EvolutionSource source(QStringLiteral(EVOLUTION_MODULE));
+    int changes = 0;
+    const Subscription subscription = source.changed.subscribe([&changes] { ++changes; });
+    source.start();
+    settle([&] { return changes > 0; }, "it is missing");
+    EXPECT_THAT(source.trouble().toStdString(), HasSubstr("not installed"));
+
+    QFile file(folder + QStringLiteral("/org.gnome.evolution.dataserver.Sources5.service"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    settle([&] { return !source.calendars().empty(); }, "its calendars are listed");
+    EXPECT_TRUE(source.trouble().isEmpty());
 }
 
 } // namespace

@@ -13,12 +13,10 @@ namespace {
 
 constexpr char serviceName[] = "org.gnome.evolution.dataserver.Sources5";
 
-/// An account changes many of its sources at a time.
-constexpr Seconds quietTime{0.05};
-
 } // namespace
 
-AccountRegistry::AccountRegistry(Listener listener) : m_listener(std::move(listener)) {}
+AccountRegistry::AccountRegistry(Listener listener, RegistryPatience patience)
+    : m_listener(std::move(listener)), m_answerTime(patience.answer), m_pause(patience.pause) {}
 
 AccountRegistry::~AccountRegistry() {
     disconnect();
@@ -76,24 +74,36 @@ void AccountRegistry::shareBus() {
                       return self->fail("no session bus: " + failure.message());
                   self->m_sharedBus = std::move(bus);
                   self->open();
+                  self->m_watch = g_bus_watch_name_on_connection(
+                      self->m_bus.get(), serviceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
+                      serviceAppeared, serviceVanished, self.get(), nullptr);
               }));
 }
 
 void AccountRegistry::open() {
-    e_source_registry_new(m_cancellable.get(), Async::ready,
-                          Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](
-                                          GObject * /*object*/, GAsyncResult *result) {
-                              Failure failure;
-                              const Reference<ESourceRegistry> registry(
-                                  e_source_registry_new_finish(result, failure.out()));
-                              const auto self = weak.lock();
-                              if (!self || self->m_cancellable.get() != attempt)
-                                  return;
-                              if (registry)
-                                  self->adopt(registry.get());
-                              else
-                                  self->fail("the registry of accounts: " + failure.message());
-                          }));
+    m_retry.stop();
+    m_isOpening = true;
+    m_answer.startFor(m_answerTime, [this] {
+        noteTrouble("the registry of accounts does not answer");
+        m_listener.failed();
+    });
+    e_source_registry_new(
+        m_cancellable.get(), Async::ready,
+        Async::data([weak = weak_from_this(), attempt = m_cancellable.get()](GObject * /*object*/,
+                                                                             GAsyncResult *result) {
+            Failure failure;
+            const Reference<ESourceRegistry> registry(
+                e_source_registry_new_finish(result, failure.out()));
+            const auto self = weak.lock();
+            if (!self || self->m_cancellable.get() != attempt)
+                return;
+            self->m_isOpening = false;
+            self->m_answer.stop();
+            if (registry)
+                self->adopt(registry.get());
+            else
+                self->failOpening("the registry of accounts: " + failure.message());
+        }));
 }
 
 void AccountRegistry::adopt(ESourceRegistry *registry) {
@@ -101,10 +111,6 @@ void AccountRegistry::adopt(ESourceRegistry *registry) {
     for (const char *const signal :
          {"source-added", "source-removed", "source-changed", "source-enabled", "source-disabled"})
         g_signal_connect(registry, signal, G_CALLBACK(sourcesChanged), this);
-    m_watch =
-        g_bus_watch_name_on_connection(m_bus.get(), serviceName, G_BUS_NAME_WATCHER_FLAGS_NONE,
-                                       serviceAppeared, serviceVanished, this, nullptr);
-    noteReturn();
     relist();
 }
 
@@ -118,14 +124,18 @@ void AccountRegistry::busClosed(GDBusConnection * /*bus*/, gboolean /*isVanished
 void AccountRegistry::serviceAppeared(GDBusConnection * /*bus*/, const gchar * /*name*/,
                                       const gchar * /*owner*/, gpointer self) {
     auto *registry = static_cast<AccountRegistry *>(self);
-    registry->m_retry.stop();
-    registry->noteReturn();
+    if (registry->m_registry) {
+        registry->m_retry.stop();
+        registry->noteReturn();
+    } else if (!registry->m_isOpening) {
+        registry->open();
+    }
 }
 
 void AccountRegistry::serviceVanished(GDBusConnection * /*bus*/, const gchar * /*name*/,
                                       gpointer self) {
     auto *registry = static_cast<AccountRegistry *>(self);
-    if (g_dbus_connection_is_closed(registry->m_bus.get()))
+    if (!registry->m_registry || g_dbus_connection_is_closed(registry->m_bus.get()))
         return;
     registry->noteTrouble("the registry of accounts has ended; its calendars stay");
     registry->m_retry.startFor(registry->m_pause.next(), [registry] { registry->wakeService(); });
@@ -153,12 +163,26 @@ void AccountRegistry::wakeService() {
 void AccountRegistry::sourcesChanged(ESourceRegistry * /*registry*/, ESource * /*source*/,
                                      gpointer self) {
     auto *registry = static_cast<AccountRegistry *>(self);
-    if (!registry->m_relisting.isRunning())
-        registry->m_relisting.startFor(quietTime, [registry] { registry->relist(); });
+    registry->m_relisting.startFor(registry->m_pace.waitAfterChange(ContextTimer::uptime()),
+                                   [registry] {
+                                       registry->m_pace.announced();
+                                       registry->relist();
+                                   });
 }
 
+/// Where the bus cannot start the service, the library shows an empty registry and waits for it to
+/// come by itself. A real one brings some sources along: nothing counts as deleted by an empty one.
 void AccountRegistry::relist() {
-    m_listener.listed(listSources(m_registry.get()));
+    GList *const sources = e_source_registry_list_sources(m_registry.get(), nullptr);
+    const bool isReal = sources != nullptr;
+    g_list_free_full(sources, g_object_unref);
+    if (isReal) {
+        noteReturn();
+        return m_listener.listed(listSources(m_registry.get()));
+    }
+    noteTrouble("the registry of accounts is not there");
+    m_listener.failed();
+    m_retry.startFor(m_pause.next(), [this] { wakeService(); });
 }
 
 void AccountRegistry::fail(const QByteArray &reason) {
@@ -166,6 +190,13 @@ void AccountRegistry::fail(const QByteArray &reason) {
     disconnect();
     m_listener.failed();
     m_retry.startFor(m_pause.next(), [this] { connect(); });
+}
+
+/// The bus stays, so that the service is heard when it comes.
+void AccountRegistry::failOpening(const QByteArray &reason) {
+    noteTrouble(reason);
+    m_listener.failed();
+    m_retry.startFor(m_pause.next(), [this] { open(); });
 }
 
 void AccountRegistry::noteTrouble(const QByteArray &reason) {
@@ -182,6 +213,8 @@ void AccountRegistry::noteReturn() {
 void AccountRegistry::disconnect() {
     m_relisting.stop();
     m_retry.stop();
+    m_answer.stop();
+    m_isOpening = false;
     if (m_watch != 0)
         g_bus_unwatch_name(std::exchange(m_watch, 0));
     if (m_registry)

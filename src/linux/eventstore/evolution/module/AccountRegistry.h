@@ -25,7 +25,7 @@ public:
         std::function<void()> failed; ///< It cannot be had for now.
     };
 
-    explicit AccountRegistry(Listener listener);
+    explicit AccountRegistry(Listener listener, RegistryPatience patience = {});
     AccountRegistry(const AccountRegistry &) = delete;
     AccountRegistry &operator=(const AccountRegistry &) = delete;
     ~AccountRegistry();
@@ -52,19 +52,24 @@ private:
     void wakeService();
     void relist();
     void fail(const QByteArray &reason);
+    void failOpening(const QByteArray &reason);
     void noteReturn();
     void disconnect();
 
     const Listener m_listener;
+    const Seconds m_answerTime;
     Reference<GCancellable> m_cancellable;
     Reference<GDBusConnection> m_bus; ///< Of our own; see `connect`.
     Reference<GDBusConnection> m_sharedBus;
     Reference<ESourceRegistry> m_registry;
     guint m_watch = 0;
+    bool m_isOpening = false;
     ContextTimer m_relisting;
     ContextTimer m_retry;
+    ContextTimer m_answer; ///< The opening has been under way for too long.
     RetryPause m_pause;
-    QByteArray m_trouble; ///< What the log says last; empty while there is none.
+    AnnouncementPace m_pace; ///< An account changes many of its sources at a time.
+    QByteArray m_trouble;    ///< What the log says last; empty while there is none.
 };
 
 } // namespace vantrel
