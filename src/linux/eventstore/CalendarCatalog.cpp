@@ -24,9 +24,9 @@ bool CalendarCatalog::update(const SourceCalendar &calendar, const CatalogContex
     if (!items)
         return isAdopted;
     const auto change = m_items.replace(std::move(*items), calendar.rewrittenItems);
-    auto touched = moveEntries(change.moved);
-    const bool isDifferent = isAdopted || !change.toRead.empty() || !touched.empty();
-    readItems(change.toRead, std::move(touched), context, Log::problems);
+    auto lost = moveEntries(change.moved);
+    const bool isDifferent = isAdopted || !change.toRead.empty() || !lost.empty();
+    readItems(change.toRead, std::move(lost), context, Log::problems);
     return isDifferent;
 }
 
@@ -89,38 +89,37 @@ void CalendarCatalog::describe() {
     m_calendar = std::make_shared<const StoreCalendar>(std::move(described));
 }
 
-/// Has the entries follow their items, and answers the UIDs of those whose items are gone.
-std::vector<UidHash> CalendarCatalog::moveEntries(const std::vector<ItemIndex> &moved) {
-    std::vector<UidHash> touched;
+/// Has the entries follow their items, and answers those whose items are gone.
+std::vector<CalendarCatalog::Entry>
+CalendarCatalog::moveEntries(const std::vector<ItemIndex> &moved) {
+    std::vector<Entry> lost;
     std::erase_if(m_entries, [&](Entry &entry) {
         entry.item = moved[entry.item];
         if (entry.item == ItemList::gone)
-            touched.push_back(entry.uid);
+            lost.push_back(entry);
         return entry.item == ItemList::gone;
     });
-    return touched;
+    return lost;
 }
 
-/// Reads the items and puts their entries in the place of the ones they had. `touched` are UIDs
-/// that have lost an entry already.
-void CalendarCatalog::readItems(const std::vector<ItemIndex> &items, std::vector<UidHash> touched,
+/// Reads the items and puts their entries in the place of the ones they had. `lost` are entries
+/// that are gone already.
+void CalendarCatalog::readItems(const std::vector<ItemIndex> &items, std::vector<Entry> lost,
                                 const CatalogContext &context, Log log) {
     std::vector<bool> isReplaced(m_items.size());
     auto fresh = readAnew(items, isReplaced, context, log);
     std::erase_if(m_entries, [&](const Entry &entry) {
         if (isReplaced[entry.item])
-            touched.push_back(entry.uid);
+            lost.push_back(entry);
         return isReplaced[entry.item];
     });
-    for (Entry &entry : fresh) {
-        touched.push_back(entry.uid);
-        m_entries.push_back(std::move(entry));
-    }
+    m_entries.insert(m_entries.end(), std::move_iterator(fresh.begin()),
+                     std::move_iterator(fresh.end()));
     m_entries.shrink_to_fit();
     std::sort(m_entries.begin(), m_entries.end(), [](const Entry &left, const Entry &right) {
         return std::pair(left.uid, left.item) < std::pair(right.uid, right.item);
     });
-    expandShared(std::move(touched), context, log);
+    expandShared(std::move(lost), context, log);
     for (Entry &entry : m_entries)
         entry.isFresh = false;
 }
@@ -163,29 +162,39 @@ std::vector<CalendarCatalog::Entry> CalendarCatalog::readAnew(const std::vector<
     return fresh;
 }
 
-/// Expands the touched UIDs again that stand in several items, or did.
-void CalendarCatalog::expandShared(std::vector<UidHash> touched, const CatalogContext &context,
+/// Expands the UIDs again that have lost or won an entry and stand in several items, or did.
+void CalendarCatalog::expandShared(std::vector<Entry> lost, const CatalogContext &context,
                                    Log log) {
+    std::vector<UidHash> touched;
+    for (const Entry &entry : lost)
+        touched.push_back(entry.uid);
+    for (const Entry &entry : m_entries) {
+        if (entry.isFresh)
+            touched.push_back(entry.uid);
+    }
     std::sort(touched.begin(), touched.end());
     touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
+    std::sort(lost.begin(), lost.end(),
+              [](const Entry &left, const Entry &right) { return left.uid < right.uid; });
     const SeriesReader reader = readerFor(context);
-    SharedSeries shared([&](ItemIndex item) { return read(item, context); }, reader);
+    SharedSeries shared([&](ItemIndex item) { return readShared(item, context); }, reader);
     Problems problems;
     auto first = m_entries.begin();
     for (const UidHash uid : touched) {
-        first = std::lower_bound(first, m_entries.end(), uid,
-                                 [](const Entry &entry, UidHash hash) { return entry.uid < hash; });
+        first = std::lower_bound(first, m_entries.end(), uid, isBefore);
         const auto last = std::find_if(first, m_entries.end(),
                                        [uid](const Entry &entry) { return entry.uid != uid; });
         const bool isAlone = last - first == 1 && first->isFresh;
-        if (first != last && !isAlone && !context.isStopping)
-            expandRun(first, last, shared, context, problems);
+        if (first != last && !isAlone && !context.isStopping &&
+            !expandRun(first, last, shared, context, problems))
+            keepRun(first, last, lost);
     }
     if (log == Log::problems)
         logProblems(QStringLiteral("items that share a UID"), problems);
 }
 
-void CalendarCatalog::expandRun(std::vector<Entry>::iterator first,
+/// False when one of the items cannot be read, or is half-written.
+bool CalendarCatalog::expandRun(std::vector<Entry>::iterator first,
                                 std::vector<Entry>::iterator last, SharedSeries &shared,
                                 const CatalogContext &context, Problems &problems) {
     std::vector<ItemIndex> items;
@@ -196,15 +205,44 @@ void CalendarCatalog::expandRun(std::vector<Entry>::iterator first,
     });
     Problems ofRun;
     auto result = shared.expand(first->uid, items, ofRun);
+    if (!result)
+        return false;
     for (auto entry = first; entry != last; ++entry) {
-        entry->due = result.due;
-        entry->shown = std::exchange(result.shown, nullptr);
+        entry->due = result->due;
+        entry->shown = std::exchange(result->shown, nullptr);
     }
     for (const Problem &problem : ofRun.kept()) {
         if (items.size() > 1)
             problems.add(0, QStringLiteral("%1 and %2: %3")
                                 .arg(description(items.back(), context),
                                      description(items.front(), context), problem.reason));
+    }
+    return true;
+}
+
+/// Has a run show what it did before entries of it were lost. Those whose items had no part in it
+/// show what they hold by themselves.
+void CalendarCatalog::keepRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
+                              const std::vector<Entry> &lost) {
+    std::vector<Entry> orphans;
+    auto one = std::lower_bound(lost.begin(), lost.end(), first->uid, isBefore);
+    for (; one != lost.end() && one->uid == first->uid; ++one) {
+        const auto heir =
+            std::find_if(first, last, [&](const Entry &entry) { return entry.item == one->item; });
+        if (heir != last) {
+            heir->due = one->due;
+            heir->shown = one->shown;
+        } else if (one->shown) {
+            orphans.push_back(*one);
+        }
+    }
+    for (const Entry &orphan : orphans) {
+        const auto room =
+            std::find_if(first, last, [](const Entry &entry) { return !entry.shown; });
+        if (room != last) {
+            room->due = orphan.due;
+            room->shown = orphan.shown;
+        }
     }
 }
 
@@ -225,6 +263,18 @@ std::optional<CalendarText> CalendarCatalog::read(ItemIndex item,
     if (!bytes)
         return std::nullopt;
     return readCalendarText(std::move(*bytes), context.zones);
+}
+
+/// What others with the same UID depend on. Empty, and read again the next time, when that would
+/// take away what the item shows.
+std::optional<CalendarText> CalendarCatalog::readShared(ItemIndex item,
+                                                        const CatalogContext &context) {
+    auto text = read(item, context);
+    if (text && (text->isComplete || !m_items.isFromWholeText(item)))
+        return text;
+    m_items.markUnread(item);
+    m_isIncomplete = true;
+    return std::nullopt;
 }
 
 SeriesReader CalendarCatalog::readerFor(const CatalogContext &context) const {

@@ -36,7 +36,7 @@ struct CatalogContext {
 ///
 /// An item that cannot be read, or that ends in the middle, keeps what it showed before until it
 /// reads again or is gone; one that never was whole shows the events that are,
-/// as they are in each of its versions. Of several
+/// as they are in each of its versions. So do all that share a UID with it. Of several
 /// events with one UID (and one recurrence id) the later revision shows, by SEQUENCE, then by
 /// LAST-MODIFIED or DTSTAMP, then by the version of its item.
 class CalendarCatalog {
@@ -68,21 +68,27 @@ private:
         bool isFresh; ///< Read just now, by itself.
     };
 
+    static bool isBefore(const Entry &entry, UidHash uid) { return entry.uid < uid; }
+
     bool adopt(const SourceCalendar &calendar);
     bool adoptAddresses(const SourceCalendar &calendar, const CatalogContext &context);
     void describe();
-    std::vector<UidHash> moveEntries(const std::vector<ItemIndex> &moved);
-    void readItems(const std::vector<ItemIndex> &items, std::vector<UidHash> touched,
+    std::vector<Entry> moveEntries(const std::vector<ItemIndex> &moved);
+    void readItems(const std::vector<ItemIndex> &items, std::vector<Entry> lost,
                    const CatalogContext &context, Log log);
     std::vector<Entry> readAnew(const std::vector<ItemIndex> &items, std::vector<bool> &isReplaced,
                                 const CatalogContext &context, Log log);
-    void expandShared(std::vector<UidHash> touched, const CatalogContext &context, Log log);
-    void expandRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
+    void expandShared(std::vector<Entry> lost, const CatalogContext &context, Log log);
+    bool expandRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
                    SharedSeries &shared, const CatalogContext &context, Problems &problems);
+    void keepRun(std::vector<Entry>::iterator first, std::vector<Entry>::iterator last,
+                 const std::vector<Entry> &lost);
     void dropPast(UtcSeconds from);
 
     [[nodiscard]] std::optional<CalendarText> read(ItemIndex item,
                                                    const CatalogContext &context) const;
+    [[nodiscard]] std::optional<CalendarText> readShared(ItemIndex item,
+                                                         const CatalogContext &context);
     [[nodiscard]] SeriesReader readerFor(const CatalogContext &context) const;
     [[nodiscard]] QString description(ItemIndex item, const CatalogContext &context) const;
 

@@ -21,8 +21,11 @@ public:
     /// Items named in `rewritten` count as changed, whatever their version.
     Change replace(std::vector<SourceItem> items, std::vector<QByteArray> rewritten);
 
-    /// The item counts as changed the next time, whatever its version is then.
-    void markUnread(Index index) { m_items[index].version = neverRead; }
+    /// The item counts as changed the next time, whatever its version is then. It keeps its place
+    /// in the order of versions.
+    void markUnread(Index index) {
+        m_items[index].version = {m_items[index].version.modified, -1, ~std::uint64_t{0}};
+    }
 
     /// Whether what is kept of the item comes from a complete text, which a half-written one must
     /// not displace. False of one that was not there before.
@@ -33,8 +36,6 @@ public:
     [[nodiscard]] const SourceItem &operator[](Index index) const { return m_items[index]; }
 
 private:
-    static constexpr ItemVersion neverRead{-1, -1, ~std::uint64_t{0}};
-
     std::vector<SourceItem> m_items;
     std::vector<bool> m_areFromWholeTexts; ///< One for each item.
 };

@@ -4,13 +4,18 @@
 
 namespace vantrel {
 
-SeriesReader::Result SharedSeries::expand(UidHash uid, const std::vector<ItemList::Index> &items,
-                                          Problems &problems) {
+std::optional<SeriesReader::Result>
+SharedSeries::expand(UidHash uid, const std::vector<ItemList::Index> &items, Problems &problems) {
     std::vector<const EventComponent *> components;
+    bool isWhole = true;
     for (const ItemList::Index item : items) {
-        if (const auto &text = textOf(item))
+        const auto &text = textOf(item);
+        isWhole = isWhole && text;
+        if (text)
             text->components.collect(uid, components);
     }
+    if (!isWhole)
+        return std::nullopt;
     StepBudget budget;
     return m_reader.read(components, budget, problems);
 }

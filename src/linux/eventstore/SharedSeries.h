@@ -17,13 +17,15 @@ namespace vantrel {
 /// there belong together, and of two masters the later revision shows. Reads each item once.
 class SharedSeries {
 public:
+    /// Empty when the item cannot be had, or not all of it.
     using Read = std::function<std::optional<CalendarText>(ItemList::Index)>;
 
     SharedSeries(Read read, const SeriesReader &reader)
         : m_read(std::move(read)), m_reader(reader) {}
 
-    /// The items from the oldest version to the latest.
-    [[nodiscard]] SeriesReader::Result
+    /// The items from the oldest version to the latest. Empty when one of them cannot be had: what
+    /// the others say alone may be an occurrence that was moved, in its old place.
+    [[nodiscard]] std::optional<SeriesReader::Result>
     expand(UidHash uid, const std::vector<ItemList::Index> &items, Problems &problems);
 
 private:

@@ -35,7 +35,7 @@ QByteArray withoutEnd(const QByteArray &components) {
 class CalendarCatalogTest : public testing::Test {
 protected:
     void write(const QByteArray &name, const QByteArray &text) {
-        source.content[calendar][name] = {text, ++m_version};
+        source.content[calendar][name] = {text, ++m_version, 0};
     }
 
     /// What each day from the second on shows.
@@ -104,6 +104,61 @@ TEST_F(CalendarCatalogTest, KnowsAFileAgainBehindOneThatComesBeforeIt) {
     write("a.ics", withoutEnd(eventOn("04", "later")));
     write("b.ics", withoutEnd({}));
     EXPECT_THAT(shownFrom(2), ElementsAre("first", "later"));
+}
+
+TEST_F(CalendarCatalogTest, KeepsWhatAMasterAndItsOverrideShowWhileOneCannotBeRead) {
+    write("master.ics", calendarText(eventOn("02", "x", "RRULE:FREQ=DAILY\n")));
+    write("override.ics", calendarText(event("uid-x", "RECURRENCE-ID:20260303T090000Z\n"
+                                                      "DTSTART:20260303T110000Z\n"
+                                                      "SUMMARY:moved\n")));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    source.unreadable = {"override.ics"};
+    write("master.ics",
+          calendarText(eventOn("02", "y", "RRULE:FREQ=DAILY\n").replace("uid-y", "uid-x")));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    source.unreadable.clear();
+    EXPECT_THAT(shownFrom(2), ElementsAre("y", "moved", "y"));
+    source.unreadable = {"master.ics"};
+    EXPECT_THAT(shownFrom(3), ElementsAre("moved", "y"));
+    source.unreadable.clear();
+    EXPECT_THAT(shownFrom(3), ElementsAre("moved", "y", "y"));
+}
+
+TEST_F(CalendarCatalogTest, KeepsWhatAMasterAndItsOverrideShowWhileOneIsBeingWritten) {
+    write("master.ics", calendarText(eventOn("02", "x", "RRULE:FREQ=DAILY\n")));
+    const QByteArray moved =
+        event("uid-x", "RECURRENCE-ID:20260303T090000Z\nDTSTART:20260303T110000Z\n"
+                       "SUMMARY:moved\n");
+    write("override.ics", calendarText(moved));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    write("override.ics", "BEGIN:VCALENDAR\n");
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    write("master.ics",
+          calendarText(eventOn("02", "y", "RRULE:FREQ=DAILY\n").replace("uid-y", "uid-x")));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    write("override.ics", calendarText(moved));
+    EXPECT_THAT(shownFrom(2), ElementsAre("y", "moved", "y"));
+}
+
+TEST_F(CalendarCatalogTest, ExpandsAnOverrideThatNeverEndsTogetherWithItsMaster) {
+    write("override.ics", withoutEnd(event("uid-x", "RECURRENCE-ID:20260303T090000Z\n"
+                                                    "DTSTART:20260303T110000Z\n"
+                                                    "SUMMARY:moved\n")));
+    write("master.ics", calendarText(eventOn("02", "x", "RRULE:FREQ=DAILY\n")));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    EXPECT_THAT(shownFrom(3), ElementsAre("moved", "x", "x"));
+}
+
+TEST_F(CalendarCatalogTest, KeepsWhatTwoFilesShowWhenOneGoesAndTheOtherCannotBeRead) {
+    write("a.ics", calendarText(eventOn("02", "x", "RRULE:FREQ=DAILY\n")));
+    write("b.ics", calendarText(event("uid-x", "RECURRENCE-ID:20260303T090000Z\n"
+                                               "DTSTART:20260303T110000Z\nSUMMARY:moved\n")));
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    source.content[calendar].erase("a.ics");
+    source.unreadable = {"b.ics"};
+    EXPECT_THAT(shownFrom(2), ElementsAre("x", "moved", "x"));
+    source.unreadable.clear();
+    EXPECT_THAT(shownFrom(2), ElementsAre("moved"));
 }
 
 } // namespace

@@ -3,16 +3,23 @@
 #include <linux/eventstore/source/ComponentSource.h>
 
 #include <map>
-#include <utility>
+#include <set>
 
 namespace vantrel::tests {
 
 /// Calendars in memory, whose items come, change and go.
 class MemorySource : public ComponentSource {
 public:
-    using Items = std::map<QByteArray, std::pair<QByteArray, std::int64_t>>; ///< Text and version.
+    struct Item {
+        QByteArray text;
+        std::int64_t modified = 0;
+        std::uint64_t serial = 0; ///< Grows when it is written again at the same time.
+    };
 
-    std::map<QString, Items> content;
+    using Items = std::map<QByteArray, Item>; ///< By name.
+
+    std::map<QString, Items> content; ///< By calendar.
+    std::set<QByteArray> unreadable;  ///< Names of items.
 
     void start() override {}
 
@@ -28,12 +35,16 @@ public:
     std::optional<std::vector<SourceItem>> items(const QString &calendar) override {
         std::vector<SourceItem> items;
         for (const auto &[name, item] : content[calendar])
-            items.push_back({name, {item.second, item.first.size(), 0}});
+            items.push_back({name, {item.modified, item.text.size(), item.serial}});
         return items;
     }
 
     std::optional<QByteArray> text(const QString &calendar, const QByteArray &name) override {
-        return content[calendar][name].first;
+        const Items &items = content[calendar];
+        const auto item = items.find(name);
+        if (item == items.end() || unreadable.contains(name))
+            return std::nullopt;
+        return item->second.text;
     }
 
     QString description(const QString &, const QByteArray &item) const override {
