@@ -1,10 +1,8 @@
+#include "Measurement.h"
 #include "PlainLoop.h"
 #include "SampleFolder.h"
 
 #include <calendar/UpcomingEventsQuery.h>
-#include <linux/eventstore/LocalEventStore.h>
-#include <linux/eventstore/StoreAccess.h>
-#include <linux/eventstore/StoreCatalog.h>
 
 #include <QTemporaryDir>
 
@@ -41,28 +39,16 @@ const QString &sampleFolder() {
     return folder;
 }
 
-std::unique_ptr<LocalEventStore> storeOf(MainQueue &queue) {
-    StoreConfiguration configuration;
-    configuration.roots.push_back({sampleFolder(), {}, false});
-    return std::make_unique<LocalEventStore>(
-        queue, configuration,
-        [] { return LocalCalendar(QTimeZone("Europe/Zurich"), QLocale::c()); },
-        StoreAccess::granted());
-}
-
-std::vector<QString> identifiersOf(const EventStore &store) {
-    std::vector<QString> identifiers;
-    for (const StoreCalendar &calendar : store.calendars())
-        identifiers.push_back(calendar.calendarIdentifier);
-    return identifiers;
+std::unique_ptr<LocalEventStore> sampleStore(MainQueue &queue) {
+    return bench::storeOf(queue, bench::folderConfiguration(sampleFolder()));
 }
 
 /// First load: every file read and parsed, the window expanded.
 void loadFolder(benchmark::State &state) {
     StillQueue queue;
-    storeOf(queue)->loadNow(); // Warms the page cache.
+    sampleStore(queue)->loadNow(); // Warms the page cache.
     for (auto _ : state) {
-        auto store = storeOf(queue);
+        auto store = sampleStore(queue);
         store->loadNow();
         benchmark::DoNotOptimize(store->isLoaded());
     }
@@ -74,9 +60,9 @@ BENCHMARK(loadFolder)->Unit(benchmark::kMillisecond);
 /// The next 14 days, as the program asks for them once a minute.
 void queryFourteenDays(benchmark::State &state) {
     StillQueue queue;
-    const auto store = storeOf(queue);
+    const auto store = sampleStore(queue);
     store->loadNow();
-    const auto identifiers = identifiersOf(*store);
+    const auto identifiers = bench::identifiersOf(*store);
     std::size_t count = 0;
     for (auto _ : state) {
         const auto events =
@@ -91,9 +77,9 @@ BENCHMARK(queryFourteenDays)->Unit(benchmark::kMicrosecond);
 /// The same as the program's own records, with their links, which is what each consumer asks for.
 void fetchUpcomingFourteenDays(benchmark::State &state) {
     StillQueue queue;
-    const auto store = storeOf(queue);
+    const auto store = sampleStore(queue);
     store->loadNow();
-    const auto identifiers = identifiersOf(*store);
+    const auto identifiers = bench::identifiersOf(*store);
     const std::set<QString> selected(identifiers.begin(), identifiers.end());
     const UpcomingEventsQuery query(*store);
     std::size_t count = 0;
@@ -108,10 +94,10 @@ BENCHMARK(fetchUpcomingFourteenDays)->Unit(benchmark::kMicrosecond);
 
 void findByIdentifier(benchmark::State &state) {
     StillQueue queue;
-    const auto store = storeOf(queue);
+    const auto store = sampleStore(queue);
     store->loadNow();
-    const auto events =
-        store->events(queue.now(), queue.now() + std::chrono::days(14), identifiersOf(*store));
+    const auto events = store->events(queue.now(), queue.now() + std::chrono::days(14),
+                                      bench::identifiersOf(*store));
     std::size_t index = 0;
     for (auto _ : state) {
         index = (index + 1) % events.size();

@@ -1,64 +1,121 @@
 #!/usr/bin/python3
-"""Measures the accounts of a desktop on a real Evolution Data Server, in a session of its own.
+"""Measures what calendars cost in the accounts of a desktop, on a real Evolution Data Server, and in
+a folder: first list, change to plan, memory, beside plain programs on the same 10,000 events.
 Usage: bench/eventstore/evolution_bench.py BUILD"""
 
 import os
 import pathlib
-import shutil
+import re
 import subprocess
 import sys
-import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "endtoend"))
+from desktop import Desktop, Session, within  # noqa: E402
 
 COUNT = 10_000
+ROUNDS = 3
+CHANGES = 9
 
 
-def measure(build, home):
-    places = {"HOME": ".", "XDG_DATA_HOME": "data", "XDG_CONFIG_HOME": "config",
-              "XDG_CACHE_HOME": "cache", "XDG_RUNTIME_DIR": "runtime"}
-    environment = {name: value for name, value in os.environ.items()
-                   if not name.startswith(("XDG_", "DISPLAY", "WAYLAND"))}
-    for name, place in places.items():
-        (home / place).mkdir(mode=0o700, exist_ok=True)
-        environment[name] = str(home / place)
-    environment["GSETTINGS_BACKEND"] = "memory"
-    bus = home / "runtime" / "bus"
-    environment["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={bus}"
-    program = build / "bench" / "eventstore" / "measure_evolution"
+class Bench:
+    def __init__(self, build):
+        self.programs = build / "bench" / "eventstore"
+        self.agent = build / "src" / "app" / "vantrel"
 
-    def run(title, *arguments):
-        result = subprocess.run([program, *map(str, arguments)], env=environment, check=True,
-                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        print(f"{title}: {result.stdout.strip()}", flush=True)
+    def write_account(self, session, *moment):
+        """As the service keeps its own calendar."""
+        folder = session.folder / "data" / "evolution" / "calendar" / "system"
+        folder.mkdir(parents=True)
+        subprocess.run([self.programs / "measure_evolution", "write", folder / "calendar.ics", str(COUNT),
+                        *map(str, moment)], check=True)
 
-    calendar = home / "data" / "evolution" / "calendar" / "system"
-    calendar.mkdir(parents=True)
-    subprocess.run([program, "write", calendar / "calendar.ics", str(COUNT)], check=True)
-    subprocess.run([build / "bench" / "eventstore" / "measure_eventstore_memory", "write",
-                    home / "folder"], check=True)
-    with open(home / "bus.log", "w", encoding="utf-8") as log:
-        daemon = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address",
-                                   f"--address=unix:path={bus}"], env=environment,
-                                  stdout=subprocess.PIPE, stderr=log)
-    daemon.stdout.readline()
-    try:
-        run("folder, first time", "folder", home / "folder")
-        for _ in range(3):
-            run("folder", "folder", home / "folder")
-        run("accounts, the services not running", "store")
-        for _ in range(3):
-            run("accounts", "store")
-            run("plain libecal client", "client")
-        run("accounts", "changes", 9)
-    finally:
-        daemon.terminate()
-        daemon.wait()
+    def write_folder(self, folder, *moment):
+        subprocess.run([self.programs / "measure_folder", "write", folder, str(COUNT), *map(str, moment)],
+                       check=True)
+
+    def run(self, session, title, program, *arguments):
+        result = subprocess.run([self.programs / program, *map(str, arguments)], env=session.environment,
+                                check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        for line in result.stdout.splitlines():
+            print(f"{title}: {line}", flush=True)
+
+    def lists_and_plans(self):
+        with Session() as session:
+            session.environment.pop("DISPLAY", None)
+            session.environment["GSETTINGS_BACKEND"] = "memory"
+            self.write_account(session)
+            folder, empty = session.folder / "sample", session.folder / "empty"
+            self.write_folder(folder)
+            empty.mkdir()
+            session.start_bus()
+            self.run(session, "folder, first time", "measure_folder", "list", folder)
+            for _ in range(ROUNDS):
+                self.run(session, "folder", "measure_folder", "list", folder)
+            self.run(session, "empty folder", "measure_folder", "list", empty)
+            self.run(session, "plain libical loop over the folder", "measure_folder", "libical", folder)
+            self.run(session, "accounts, the service not running", "measure_evolution", "list")
+            for _ in range(ROUNDS):
+                self.run(session, "accounts", "measure_evolution", "list")
+                self.run(session, "plain libecal client", "measure_evolution", "client")
+            self.run(session, "accounts", "measure_evolution", "plans", CHANGES)
+            self.run(session, "folder", "measure_folder", "plans", folder, CHANGES)
+
+    def agent_memory(self, title, has_accounts, has_folder):
+        """The program itself, without a takeover: it is paused, since the sample lies around the
+        present and has a meeting at almost any moment."""
+        with Desktop(window_manager=False) as session:
+            session.environment["GSETTINGS_BACKEND"] = "memory"
+            own = session.folder / "config" / "Vantrel"
+            own.mkdir(parents=True)
+            (own / "access.json").write_text('{"calendarAccess": "granted"}')
+            (own / "settings.json").write_text('{"Vantrel.isPaused": true}')
+            now = int(time.time())
+            if has_accounts:
+                self.write_account(session, now)
+                session.start_bus()
+            if has_folder:
+                self.write_folder(session.folder / "data" / "Vantrel" / "calendars" / "sample", now)
+            process = session.start(str(self.agent))
+            if has_accounts or has_folder:
+                within(120, lambda: "selectedCalendarIDs" in (own / "settings.json").read_text(),
+                       "the calendars are known")
+            await_rest(process)
+            print(f"agent, {title}: {pss(process)} kB", flush=True)
+
+
+def pss(process):
+    return int(re.search(r"^Pss:\s+(\d+)", pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text(),
+                         re.MULTILINE).group(1))
+
+
+def ticks(process):
+    fields = pathlib.Path(f"/proc/{process.pid}/stat").read_text().rsplit(")", 1)[1].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def await_rest(process):
+    """Until it has used no processor for five seconds."""
+    last, since = ticks(process), time.monotonic()
+    while time.monotonic() < since + 5:
+        time.sleep(0.2)
+        if ticks(process) > last:
+            last, since = ticks(process), time.monotonic()
+
+
+def main():
+    print(f"load of the machine: {os.getloadavg()[0]:.1f} on {os.cpu_count()} processors", flush=True)
+    bench = Bench(pathlib.Path(sys.argv[1]).resolve())
+    bench.lists_and_plans()
+    bench.agent_memory("no calendars", has_accounts=False, has_folder=False)
+    bench.agent_memory("the folder", has_accounts=False, has_folder=True)
+    bench.agent_memory("the accounts", has_accounts=True, has_folder=False)
+    bench.agent_memory("both", has_accounts=True, has_folder=True)
+    print(f"load of the machine: {os.getloadavg()[0]:.1f}")
 
 
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    scratch = pathlib.Path(tempfile.mkdtemp(prefix="vantrel-bench."))
-    try:
-        measure(pathlib.Path(sys.argv[1]).resolve(), scratch)
-    finally:
-        shutil.rmtree(scratch, ignore_errors=True)
+    main()
