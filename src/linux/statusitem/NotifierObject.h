@@ -73,6 +73,7 @@ public:
 
     void Activate(int x, int y) { m_listener.activated({x, y}); }
     void SecondaryActivate(int x, int y) { m_listener.menuWanted({x, y}); }
+    void XAyatanaSecondaryActivate(uint) { m_listener.activated({}); }
     void ContextMenu(int x, int y) { m_listener.menuWanted({x, y}); }
     void Scroll(int, const QString &) {}
 

@@ -213,6 +213,19 @@ TEST_F(StatusItemTest, TakesTheSecondaryActivationsForTheRightButton) {
     }
 }
 
+TEST_F(StatusItemTest, TakesTheMiddleButtonOfHostsThatHaveTheMenuOnTheOthersForTheLeftOne) {
+    Panel panel;
+    makeItem();
+    panel.await(text("registered"));
+    panel.ask(text("call"), {{text("on"), text("item")},
+                             {text("member"), text("XAyatanaSecondaryActivate")},
+                             {text("signature"), text("u")},
+                             {text("arguments"), QJsonArray{12345}}});
+    const StatusItemClick click = nextClick();
+    EXPECT_EQ(click.button, PointerButton::left);
+    EXPECT_EQ(click.place, std::nullopt);
+}
+
 TEST_F(StatusItemTest, LetsScrollingBe) {
     Panel panel;
     makeItem();
