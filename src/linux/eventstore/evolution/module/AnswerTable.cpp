@@ -22,13 +22,13 @@ AnswerTable::Calendar *AnswerTable::find(const QString &calendar) {
     return found == m_calendars.end() ? nullptr : &found->second;
 }
 
-bool AnswerTable::list(std::vector<SourceCalendar> calendars, const QString &exhaustedPrefix) {
+bool AnswerTable::list(std::vector<SourceCalendar> calendars, const Extent &extent) {
     std::map<QString, Calendar> gone; // Freed after the lock.
     const std::lock_guard lock(m_mutex);
     gone = std::exchange(m_calendars, {});
     const std::size_t countBefore = gone.size();
-    bool isDifferent = exhaustedPrefix != m_exhaustedPrefix;
-    m_exhaustedPrefix = exhaustedPrefix;
+    bool isDifferent = extent != m_extent;
+    m_extent = extent;
     for (SourceCalendar &listed : calendars) {
         const QString identifier = listed.calendar.calendarIdentifier;
         Calendar &calendar = m_calendars[identifier];
@@ -126,7 +126,7 @@ bool AnswerTable::setTrouble(const QString &trouble) {
 }
 
 bool AnswerTable::isComplete() const {
-    return m_isRegistryHeard && isSettled();
+    return m_isRegistryHeard && !m_extent.isAwaitingMore && isSettled();
 }
 
 bool AnswerTable::isSettled() const {
@@ -159,7 +159,7 @@ SourceKnowledge AnswerTable::knowledge() const {
     const std::lock_guard lock(m_mutex);
     if (!isComplete())
         return {};
-    return {true, m_exhaustedPrefix};
+    return {true, m_extent.exhaustedPrefix};
 }
 
 QString AnswerTable::trouble() const {

@@ -37,8 +37,16 @@ class AnswerTable {
 public:
     // The service's thread. Those that answer a bool say whether an answer has become different.
 
-    /// `knowledge` is for the time when all of them have delivered or failed.
-    bool list(std::vector<SourceCalendar> calendars, const QString &exhaustedPrefix);
+    /// What a list of calendars says of those that are not in it.
+    struct Extent {
+        /// See `SourceKnowledge`; for the time when all that are listed have delivered or failed.
+        QString exhaustedPrefix;
+        bool isAwaitingMore = false; ///< Some will come without anybody adding them.
+
+        bool operator==(const Extent &) const = default;
+    };
+
+    bool list(std::vector<SourceCalendar> calendars, const Extent &extent);
     bool setWritable(const QString &calendar, bool isWritable);
     bool setAddresses(const QString &calendar, const QStringList &addresses);
     bool replace(const QString &calendar, CalendarItems items);
@@ -79,7 +87,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_settled;
     std::map<QString, Calendar> m_calendars; ///< By identifier.
-    QString m_exhaustedPrefix;
+    Extent m_extent;
     QString m_trouble;
     bool m_isRegistryHeard = false;
     bool m_isRegistrySettled = false;

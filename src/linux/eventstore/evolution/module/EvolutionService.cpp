@@ -33,8 +33,11 @@ void EvolutionService::take(SourceList list) {
     std::vector<SourceCalendar> calendars;
     for (const ListedSource &listed : list.calendars)
         calendars.push_back(listed.calendar);
-    if (m_table.list(std::move(calendars),
-                     list.isExhausted ? QString::fromLatin1(evolutionPrefix) : QString()))
+    AnswerTable::Extent extent;
+    if (list.isExhausted)
+        extent.exhaustedPrefix = QString::fromLatin1(evolutionPrefix);
+    extent.isAwaitingMore = list.isAwaitingMore;
+    if (m_table.list(std::move(calendars), extent))
         noteChange();
     auto before = std::exchange(m_feeds, {});
     for (const ListedSource &listed : list.calendars) {

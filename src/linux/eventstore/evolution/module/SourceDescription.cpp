@@ -3,6 +3,7 @@
 #include <linux/eventstore/source/CalendarColors.h>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace vantrel {
@@ -103,6 +104,19 @@ QStringList identityAddresses(ESourceRegistry *registry) {
     return addresses;
 }
 
+/// The accounts that find their calendars by themselves and are to do so.
+std::set<QString> accountsWithCalendars(ESourceRegistry *registry) {
+    std::set<QString> accounts;
+    forEachSource(registry, E_SOURCE_EXTENSION_COLLECTION, [&](ESource *source) {
+        auto *collection = static_cast<ESourceCollection *>(
+            e_source_get_extension(source, E_SOURCE_EXTENSION_COLLECTION));
+        if (e_source_registry_check_enabled(registry, source) &&
+            e_source_collection_get_calendar_enabled(collection))
+            accounts.insert(accountOf(registry, source).sourceIdentifier);
+    });
+    return accounts;
+}
+
 } // namespace
 
 QString plainAddress(const QByteArray &address) {
@@ -116,8 +130,10 @@ SourceList listSources(ESourceRegistry *registry) {
     list.isExhausted = true;
     forEachSource(registry, E_SOURCE_EXTENSION_COLLECTION,
                   [&list](ESource *) { list.isExhausted = false; });
+    std::set<QString> silent = accountsWithCalendars(registry);
     const QStringList addresses = identityAddresses(registry);
     forEachSource(registry, E_SOURCE_EXTENSION_CALENDAR, [&](ESource *source) {
+        silent.erase(accountOf(registry, source).sourceIdentifier);
         if (!e_source_registry_check_enabled(registry, source)) {
             list.isExhausted = false;
         } else if (backendOf(source) != "weather") {
@@ -128,6 +144,7 @@ SourceList listSources(ESourceRegistry *registry) {
                 {takeText(e_source_dup_uid(source)), place, std::move(calendar)});
         }
     });
+    list.isAwaitingMore = !silent.empty();
     std::sort(list.calendars.begin(), list.calendars.end(),
               [](const auto &left, const auto &right) {
                   return left.calendar.calendar.calendarIdentifier <

@@ -27,6 +27,8 @@ struct SourceList {
     /// Whether a calendar that is not listed was deleted. It may as well be switched off, or of an
     /// account that finds its calendars in its own time.
     bool isExhausted = false;
+    /// Whether an account that is to bring calendars has not listed any yet.
+    bool isAwaitingMore = false;
 };
 
 /// The registry's calendars that are switched on, each with the account that it hangs from: the

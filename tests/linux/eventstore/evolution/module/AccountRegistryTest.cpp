@@ -1,6 +1,7 @@
 #include <linux/eventstore/evolution/module/AccountRegistry.h>
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
@@ -53,12 +54,29 @@ protected:
         AccountRegistry::Listener listener;
         listener.listed = [this](const SourceList &list) {
             calendars = list.calendars.size();
+            isAwaitingMore = list.isAwaitingMore;
             ++lists;
         };
         listener.lost = [] {};
         listener.failed = [this] { ++failures; };
         m_registry = std::make_shared<AccountRegistry>(listener, patience);
         m_registry->start();
+    }
+
+    /// Describes an account or a calendar to the service, which is not to run yet.
+    void writeSource(const QString &uid, const QByteArray &keys) const {
+        const QString folder = home.filePath(QStringLiteral("evolution/sources"));
+        ASSERT_TRUE(QDir().mkpath(folder));
+        QFile file(QStringLiteral("%1/%2.source").arg(folder, uid));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("[Data Source]\nDisplayName=Work\nEnabled=true\n" + keys);
+    }
+
+    void listOnce() {
+        g_test_dbus_up(bus);
+        startService();
+        begin({Seconds{300.0}, RetryPause(Seconds{300.0})});
+        settle([this] { return calendars > 0; }, "it is there");
     }
 
     void startService() { service.start(m_program, QStringList()); }
@@ -76,6 +94,7 @@ protected:
     GTestDBus *const bus = g_test_dbus_new(G_TEST_DBUS_NONE);
     int failures = 0;
     std::size_t calendars = 0;
+    bool isAwaitingMore = false;
     int lists = 0;
     QProcess service;
 
@@ -148,6 +167,27 @@ TEST_F(AccountRegistryTest, ExpectsNoMoreOfAServiceThatHasAnswered) {
     later.startFor(2 * answer, [&isOver] { isOver = true; });
     settle([&isOver] { return isOver; }, "the time is over");
     EXPECT_EQ(failures, before) << log.text();
+}
+
+TEST_F(AccountRegistryTest, AwaitsTheCalendarsOfAnAccountThatHasListedNoneYet) {
+    writeSource(QStringLiteral("account"), "[Collection]\nBackendName=none\n");
+    listOnce();
+    EXPECT_TRUE(isAwaitingMore);
+}
+
+TEST_F(AccountRegistryTest, AwaitsNoMoreOnceTheAccountHasListedOne) {
+    writeSource(QStringLiteral("account"), "[Collection]\nBackendName=none\n");
+    writeSource(QStringLiteral("child"),
+                "Parent=account\n[Calendar]\nBackendName=local\nSelected=true\n");
+    listOnce();
+    EXPECT_FALSE(isAwaitingMore);
+}
+
+TEST_F(AccountRegistryTest, AwaitsNothingOfAnAccountWithoutCalendars) {
+    writeSource(QStringLiteral("account"),
+                "[Collection]\nBackendName=none\nCalendarEnabled=false\n");
+    listOnce();
+    EXPECT_FALSE(isAwaitingMore);
 }
 
 } // namespace
