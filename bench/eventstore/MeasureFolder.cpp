@@ -8,6 +8,7 @@
 //
 // Times are in milliseconds, memory is PSS in kB.
 
+#include "Changes.h"
 #include "Measurement.h"
 #include "PlainLoop.h"
 #include "PlanTimes.h"
@@ -41,7 +42,7 @@ bool put(const QString &folder, const QString &number) {
     file.close();
     if (!file.rename(name + QStringLiteral(".ics")))
         return false;
-    bench::printTaken();
+    bench::Changes::printTaken();
     return true;
 }
 

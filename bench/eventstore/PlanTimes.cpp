@@ -1,6 +1,6 @@
 #include "PlanTimes.h"
 
-#include "Measurement.h"
+#include "Changes.h"
 #include "SampleQueue.h"
 
 #include <app/AppCoordinator.h>
@@ -10,12 +10,9 @@
 #include <fakes/RecordingStatusBar.h>
 #include <fakes/RecordingWorkspace.h>
 
-#include <QCoreApplication>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QTextStream>
 
-#include <algorithm>
+#include <vector>
 
 namespace vantrel::bench {
 
@@ -42,17 +39,6 @@ public:
     }
 };
 
-double millisecondsBetween(Clock::time_point start, Clock::time_point end) {
-    return std::chrono::duration<double, std::milli>(end - start).count();
-}
-
-void print(const char *what, std::vector<double> times) {
-    std::sort(times.begin(), times.end());
-    QTextStream(stdout) << "from change to " << what << ": median " << times[times.size() / 2]
-                        << " ms, least " << times.front() << " ms, most " << times.back() << " ms, "
-                        << times.size() << " changes\n";
-}
-
 } // namespace
 
 void measurePlans(const StoreConfiguration &configuration, const QStringList &writer, int count) {
@@ -74,6 +60,7 @@ void measurePlans(const StoreConfiguration &configuration, const QStringList &wr
     coordinator.start();
     waitFor([&] { return store->isLoaded() && occurrences(*store) > 0 && store->planned > 0; });
 
+    Changes changes(writer);
     std::vector<double> lists, plans;
     for (int number = 0; number < count; ++number) {
         const std::size_t before = occurrences(*store);
@@ -83,22 +70,12 @@ void measurePlans(const StoreConfiguration &configuration, const QStringList &wr
             if (listed == Clock::time_point() && occurrences(*store) > before)
                 listed = Clock::now();
         });
-        QProcess process;
-        process.start(QCoreApplication::applicationFilePath(),
-                      writer + QStringList{QString::number(number)});
-        waitFor([&] {
-            return store->planned > plannedBefore && process.state() == QProcess::NotRunning;
-        });
-        const Clock::time_point taken{Clock::duration(process.readAll().trimmed().toLongLong())};
+        const auto taken = changes.make([&] { return store->planned > plannedBefore; });
         lists.push_back(millisecondsBetween(taken, listed));
         plans.push_back(millisecondsBetween(taken, store->plannedAt));
     }
-    print("list", lists);
-    print("plan", plans);
-}
-
-void printTaken() {
-    QTextStream(stdout) << qint64(Clock::now().time_since_epoch().count()) << '\n';
+    printTimes("from change to list", lists);
+    printTimes("from change to plan", plans);
 }
 
 } // namespace vantrel::bench

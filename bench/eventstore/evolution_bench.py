@@ -60,6 +60,7 @@ class Bench:
                 self.run(session, "accounts", "measure_evolution", "list")
                 self.run(session, "plain libecal client", "measure_evolution", "client")
             self.run(session, "accounts", "measure_evolution", "plans", CHANGES)
+            self.run(session, "plain libecal client", "measure_evolution", "watch", CHANGES)
             self.run(session, "folder", "measure_folder", "plans", folder, CHANGES)
 
     def agent_memory(self, title, has_accounts, has_folder):
