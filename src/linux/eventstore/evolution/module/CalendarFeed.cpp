@@ -92,6 +92,7 @@ void CalendarFeed::openView() {
                     : table.remove(m_identifier, uid));
     };
     listener.failed = [this](const QByteArray &message) { fail("cannot be read: " + message); };
+    listener.complained = [this](const QByteArray &message) { noteComplaint(message); };
     m_next = std::make_shared<CalendarView>(m_calendar, m_zones, std::move(listener));
     noteProgress(); // Which counts while there is something to wait for.
     m_next->open(m_window);
@@ -110,8 +111,8 @@ void CalendarFeed::take() {
 }
 
 void CalendarFeed::noteProgress() {
-    if (m_view && !m_next && !m_deadline.isRunning())
-        return; // At rest there is nothing to be waited for.
+    if (m_view && !m_next && !m_view->isWaiting())
+        return m_deadline.stop(); // At rest there is nothing to be waited for.
     m_deadline.startFor(m_surroundings.patience.signOfLife, [this] { fail("does not answer"); });
 }
 

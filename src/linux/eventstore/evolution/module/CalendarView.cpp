@@ -188,6 +188,7 @@ CalendarView::Entry *CalendarView::find(const QByteArray &uid, std::uint64_t num
 
 void CalendarView::fetch(const QByteArray &uid, std::uint64_t number) {
     ++m_fetches;
+    m_listener.progressed(); // From here on it is waited for.
     m_calendar->objects(uid, [weak = weak_from_this(), uid, number](const QByteArray &text,
                                                                     const Failure &failure) {
         if (const auto self = weak.lock())
@@ -219,9 +220,19 @@ void CalendarView::finishFetch(const QByteArray &uid, std::uint64_t number, cons
         loadAgain(uid);
     else if (isGone)
         forget(uid);
-    else
+    else if (!m_isFilled)
         return m_listener.failed(failure.message());
+    else
+        putOff(uid, failure.message());
     pump();
+    m_listener.progressed();
+}
+
+/// What it showed stays; the others are not to suffer for it.
+void CalendarView::putOff(const QByteArray &uid, const QByteArray &reason) {
+    m_listener.complained(reason);
+    askAgainLater(uid);
+    finishLoading(uid);
 }
 
 void CalendarView::keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones) {
@@ -238,7 +249,7 @@ void CalendarView::keep(const QByteArray &uid, CalendarItem item, const QByteArr
             return;
         asking->item.zones = texts;
         if (!isWhole)
-            self->askAgainLater(uid);
+            self->askAgainLater(uid); // Until then its times are taken for local ones.
         self->finishLoading(uid);
     });
 }
@@ -254,7 +265,6 @@ void CalendarView::finishLoading(const QByteArray &uid) {
     checkFilled();
 }
 
-/// Until then its times are taken for local ones.
 void CalendarView::askAgainLater(const QByteArray &uid) {
     m_unsure.insert(uid);
     if (m_retry.isRunning())

@@ -40,6 +40,8 @@ public:
         /// After `filled`: the item, or none when it has gone.
         std::function<void(const QByteArray &uid, std::optional<CalendarItem>)> changed;
         std::function<void(const QByteArray &message)> failed;
+        /// Something could not be had and will be asked for again; nothing else is lost.
+        std::function<void(const QByteArray &message)> complained;
     };
 
     CalendarView(std::shared_ptr<RemoteCalendar> calendar, std::shared_ptr<ZoneTexts> zones,
@@ -54,6 +56,9 @@ public:
     void refresh(const QByteArray &uid);
 
     [[nodiscard]] bool isFilled() const { return m_isFilled; }
+
+    /// Whether answers are on their way; of each, `progressed` tells.
+    [[nodiscard]] bool isWaiting() const { return m_fetches > 0; }
 
     /// Everything that there is, once filled.
     [[nodiscard]] CalendarItems items() const;
@@ -76,6 +81,7 @@ private:
     void fetch(const QByteArray &uid, std::uint64_t number);
     void finishFetch(const QByteArray &uid, std::uint64_t number, const QByteArray &text,
                      const Failure &failure);
+    void putOff(const QByteArray &uid, const QByteArray &reason);
     void loadAgain(const QByteArray &uid);
     void askAgainLater(const QByteArray &uid);
     void keep(const QByteArray &uid, CalendarItem item, const QByteArrayList &zones);
@@ -94,7 +100,7 @@ private:
     int m_loading = 0;         ///< Entries.
     bool m_isComplete = false; ///< The service has listed everything.
     bool m_isFilled = false;
-    std::set<QByteArray> m_unsure; ///< A zone of theirs could not be read.
+    std::set<QByteArray> m_unsure; ///< Something of theirs could not be read.
     ContextTimer m_retry;          ///< Of those.
     RetryPause m_pause;
 };

@@ -106,6 +106,32 @@ TEST_F(CalendarFeedTest, LeavesItsSlotToOthersWhenAViewIsNeverComplete) {
     expectItYieldsAndReturns(Stall::listing);
 }
 
+TEST_F(CalendarFeedTest, LeavesItsSlotToOthersWhenASeriesIsNotDelivered) {
+    expectItYieldsAndReturns(Stall::fetching);
+}
+
+TEST_F(CalendarFeedTest, BeginsAnewWhenAChangedSeriesIsNeverDelivered) {
+    list({"office"});
+    settle([this] { return itemsOf("office") == 1; }, "its event");
+    factory.setStall("office", Stall::fetching);
+    factory.touch("office");
+    settle([this] { return linesWith("office: does not answer") == 1; }, "it is noticed");
+    EXPECT_EQ(itemsOf("office"), 1U) << "what was read last stays";
+    factory.setStall("office", Stall::nowhere);
+    settle([this] { return linesWith("office: is back") == 1; }, "it comes after all");
+}
+
+TEST_F(CalendarFeedTest, KeepsTheRestWhenOneSeriesCannotBeHad) {
+    list({"office"});
+    settle([this] { return itemsOf("office") == 1; }, "its event");
+    factory.setFetchError("org.gnome.evolution.dataserver.Error.OtherError");
+    factory.touch("office");
+    settle([this] { return linesWith("office: it failed") == 1; }, "it is noticed");
+    EXPECT_EQ(itemsOf("office"), 1U);
+    EXPECT_EQ(factory.openings("office"), 1) << "the calendar is not left";
+    EXPECT_EQ(linesWith("office: cannot be read"), 0U) << log.text();
+}
+
 TEST_F(CalendarFeedTest, FollowsTheUsersAddressAsItChanges) {
     list({"office"});
     const auto addresses = [this] { return table.calendars().at(0).addresses; };

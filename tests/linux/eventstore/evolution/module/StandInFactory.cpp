@@ -25,6 +25,9 @@ constexpr char description[] = R"(<node>
     <method name="GetView">
       <arg type="s" direction="in"/><arg type="o" direction="out"/>
     </method>
+    <method name="GetObject">
+      <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="s" direction="out"/>
+    </method>
   </interface>
   <interface name="org.gnome.evolution.dataserver.CalendarView">
     <method name="Start"/>
@@ -35,6 +38,11 @@ constexpr char description[] = R"(<node>
 
 /// Of a source's calendar, below which its views lie.
 const QByteArray calendars = "/calendars/";
+
+QByteArray eventOf(const QByteArray &source) {
+    return "BEGIN:VEVENT\r\nUID:" + source +
+           "\r\nDTSTART:20260302T110000Z\r\nRRULE:FREQ=DAILY\r\nSUMMARY:Today\r\nEND:VEVENT\r\n";
+}
 
 GDBusConnection *connectionTo(const gchar *address) {
     GError *error = nullptr;
@@ -124,7 +132,13 @@ void StandInFactory::answer(const QByteArray &path, const QByteArray &method, GV
         return g_dbus_method_invocation_return_value(invocation,
                                                      g_variant_new("(o)", view.constData()));
     }
-    if (method != "Open" && method != "GetView")
+    if (method == "GetObject" && m_fetchError)
+        return g_dbus_method_invocation_return_dbus_error(invocation, m_fetchError, "it failed");
+    if (method == "GetObject" && stall != Stall::fetching) {
+        return g_dbus_method_invocation_return_value(
+            invocation, g_variant_new("(s)", eventOf(source).constData()));
+    }
+    if (method != "Open" && method != "GetView" && method != "GetObject")
         g_dbus_method_invocation_return_value(invocation, nullptr);
     else
         g_object_unref(invocation); // It is never answered.
@@ -133,13 +147,21 @@ void StandInFactory::answer(const QByteArray &path, const QByteArray &method, GV
 }
 
 void StandInFactory::emitView(const QByteArray &path, const QByteArray &source) {
-    const QByteArray event = "BEGIN:VEVENT\r\nUID:" + source +
-                             "\r\nDTSTART:20260302T110000Z\r\nSUMMARY:Today\r\nEND:VEVENT\r\n";
-    const char *const events[] = {event.constData(), nullptr};
-    g_dbus_connection_emit_signal(m_server, nullptr, path.constData(), viewInterface,
-                                  "ObjectsAdded", g_variant_new("(^as)", events), nullptr);
+    emitEvent(path, "ObjectsAdded", source);
     g_dbus_connection_emit_signal(m_server, nullptr, path.constData(), viewInterface, "Complete",
                                   g_variant_new("(ss)", "", ""), nullptr);
+}
+
+void StandInFactory::touch(const QByteArray &source) {
+    emitEvent(calendars + source + "/window", "ObjectsModified", source);
+}
+
+void StandInFactory::emitEvent(const QByteArray &path, const char *signal,
+                               const QByteArray &source) {
+    const QByteArray event = eventOf(source);
+    const char *const events[] = {event.constData(), nullptr};
+    g_dbus_connection_emit_signal(m_server, nullptr, path.constData(), viewInterface, signal,
+                                  g_variant_new("(^as)", events), nullptr);
 }
 
 } // namespace vantrel::tests

@@ -10,12 +10,13 @@
 
 namespace vantrel::tests {
 
-/// A calendar factory on a bus of the test's own, each of whose calendars has one event, today.
+/// A calendar factory on a bus of the test's own, each of whose calendars has one event, from
+/// today on each day.
 /// Everything happens while the default main context is iterated.
 class StandInFactory {
 public:
     /// What a calendar does not do any more.
-    enum class Stall { nowhere, opening, watching, listing };
+    enum class Stall { nowhere, opening, watching, listing, fetching };
 
     StandInFactory();
     ~StandInFactory();
@@ -23,6 +24,10 @@ public:
     StandInFactory &operator=(const StandInFactory &) = delete;
 
     void setStall(const QByteArray &source, Stall stall) { m_stalls[source] = stall; }
+    /// Every further question for a component gets that error; none for null.
+    void setFetchError(const char *error) { m_fetchError = error; }
+    /// Announces the calendar's event as changed.
+    void touch(const QByteArray &source);
     void setAddress(const QByteArray &source, const QByteArray &address);
 
     /// How often a calendar was asked for.
@@ -40,6 +45,7 @@ private:
                 GDBusMethodInvocation *invocation);
     void add(const QByteArray &path, const char *interface);
     void emitView(const QByteArray &path, const QByteArray &source);
+    void emitEvent(const QByteArray &path, const char *signal, const QByteArray &source);
 
     GTestDBus *m_daemon;
     GDBusConnection *m_server = nullptr;
@@ -48,6 +54,7 @@ private:
     std::set<QByteArray> m_paths;
     std::map<QByteArray, Stall> m_stalls;
     std::map<QByteArray, int> m_openings;
+    const char *m_fetchError = nullptr;
 };
 
 } // namespace vantrel::tests
