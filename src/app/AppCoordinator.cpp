@@ -65,6 +65,20 @@ void AppCoordinator::stop() {
         m_menuBar->stop();
 }
 
+void AppCoordinator::takeRequest(ActivationRequest request) {
+    switch (request) {
+    case ActivationRequest::togglePause:
+        m_preferences.setIsPaused(!m_preferences.isPaused());
+        break;
+    case ActivationRequest::showPopover:
+    case ActivationRequest::showPreferences:
+        break; // There is no such window.
+    case ActivationRequest::quit:
+        m_services.terminate();
+        break;
+    }
+}
+
 void AppCoordinator::handleCalendarStoreChanged() {
     const bool hadAccess = calendarAccessStatus() == CalendarAccess::Status::fullAccess;
     m_calendarAccessStatus.set(m_calendarAccess.currentStatus());

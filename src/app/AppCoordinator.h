@@ -9,6 +9,7 @@
 #include <copy/TemplateCopyProvider.h>
 #include <menubar/MenuBarController.h>
 #include <menubar/UpcomingEventsViewModel.h>
+#include <platform/Activation.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
 #include <platform/Published.h>
@@ -68,6 +69,10 @@ public:
     /// Shows what a takeover looks like, in the selected theme or in another one. Nothing comes of
     /// the answer. While a takeover is up nothing happens.
     void previewTakeover(std::optional<Theme> themeOverride);
+
+    /// What the program is asked from outside. It has been started. A window that there is not is
+    /// not shown.
+    void takeRequest(ActivationRequest request);
 
     /// Has the user asked for access to their calendars, if need be. The answer comes later, or
     /// never.

@@ -13,7 +13,8 @@ const char helpText[] = R"(Usage: vantrel [OPTION]...
        vantrel agenda|calendars [OPTION]...
 
 Vantrel covers every screen shortly before each of your meetings, so that you never miss one.
-Without a verb it runs until it is told to end.
+Without a verb it runs until it is told to end; where it runs already, with the same profile, that
+one shows its popover.
 
 Verbs:
   agenda                 print the upcoming events and end; needs no running agent
@@ -21,6 +22,8 @@ Verbs:
 
 Options:
   --profile FOLDER       keep settings, calendars and the rescue log in FOLDER
+  --action NAME          without a verb: have the running one, or else the one that is started,
+                         do this: popover, pause (or resume), preferences, quit
   --help                 this text
   --version              the version
 
@@ -54,6 +57,18 @@ std::optional<Seconds> parseHorizon(const QString &text) {
     return horizon;
 }
 
+Command readRun(const QCommandLineParser &parser, const std::optional<QString> &profile) {
+    if (parser.isSet(QStringLiteral("json")))
+        return UsageError{QStringLiteral("--json goes with a verb")};
+    if (!parser.isSet(QStringLiteral("action")))
+        return RunAgent{profile, std::nullopt};
+    const QString name = parser.value(QStringLiteral("action"));
+    const auto request = activationRequest(name);
+    if (!request)
+        return UsageError{QStringLiteral("no action: %1").arg(name)};
+    return RunAgent{profile, request};
+}
+
 Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calendar,
                    const std::optional<QString> &profile) {
     PrintAgenda agenda;
@@ -85,6 +100,7 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
     parser.addOptions({{QStringLiteral("help"), {}},
                        {QStringLiteral("version"), {}},
                        {QStringLiteral("profile"), {}, QStringLiteral("folder")},
+                       {QStringLiteral("action"), {}, QStringLiteral("name")},
                        {QStringLiteral("json"), {}},
                        {QStringLiteral("calendars"), {}, QStringLiteral("path")},
                        {QStringLiteral("now"), {}, QStringLiteral("date")},
@@ -101,6 +117,8 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
     if (parser.isSet(QStringLiteral("profile")))
         profile = parser.value(QStringLiteral("profile"));
     const QStringList positional = parser.positionalArguments();
+    if (!positional.isEmpty() && parser.isSet(QStringLiteral("action")))
+        return UsageError{QStringLiteral("--action goes without a verb")};
     if (positional == QStringList{QStringLiteral("agenda")})
         return readAgenda(parser, calendar, profile);
     const bool isCalendars = positional == QStringList{QStringLiteral("calendars")};
@@ -110,12 +128,9 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
         if (parser.isSet(QLatin1String(option)))
             return UsageError{QStringLiteral("--%1 goes with agenda").arg(QLatin1String(option))};
     }
-    const bool asJson = parser.isSet(QStringLiteral("json"));
     if (isCalendars)
-        return PrintCalendars{profile, asJson};
-    if (asJson)
-        return UsageError{QStringLiteral("--json goes with a verb")};
-    return RunAgent{profile};
+        return PrintCalendars{profile, parser.isSet(QStringLiteral("json"))};
+    return readRun(parser, profile);
 }
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <platform/Activation.h>
 #include <platform/LocalCalendar.h>
 #include <platform/Time.h>
 
@@ -11,10 +12,12 @@
 
 namespace vantrel {
 
-/// Runs the agent.
+/// Runs the agent, or asks the one that runs.
 struct RunAgent {
     /// Keeps settings, calendars and the rescue log in this folder instead of the user's own.
     std::optional<QString> profile;
+    /// What it is to do; empty: just to run, or to show the popover when it does already.
+    std::optional<ActivationRequest> request;
 };
 
 /// Prints the upcoming events and ends.

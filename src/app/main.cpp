@@ -4,6 +4,7 @@
 #include "CommandLine.h"
 #include "Output.h"
 
+#include <linux/activation/BusActivation.h>
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
@@ -93,6 +94,21 @@ SymbolArt symbolArt() {
             &symbolDrawing};
 }
 
+/// The exit code of a start that has nothing to run: another one does, or is not there to be ended.
+std::optional<ExitCode> endOfStart(BusActivation &activation, const RunAgent &command) {
+    using Claim = BusActivation::Claim;
+    switch (activation.claim(command.request.value_or(ActivationRequest::showPopover))) {
+    case Claim::isFirst:
+        return command.request == ActivationRequest::quit ? std::optional(done) : std::nullopt;
+    case Claim::wasHandedOn:
+        return done;
+    case Claim::wasRefused:
+        fail(failed, QStringLiteral("it runs already, but does not answer"));
+        return failed;
+    }
+    Q_UNREACHABLE();
+}
+
 int runAgent(int &argc, char **argv, const RunAgent &command) {
     const QGuiApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
@@ -101,6 +117,9 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
         return fail(failed, QStringLiteral("cannot make the folder %1").arg(*command.profile));
 
     QtMainQueue queue;
+    BusActivation activation(queue, command.profile);
+    if (const auto end = endOfStart(activation, command))
+        return *end;
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
     ViewEngine views;
@@ -120,6 +139,10 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
 
     store.start();
     coordinator.start();
+    activation.follow(
+        [&coordinator](ActivationRequest request) { coordinator.takeRequest(request); });
+    if (command.request)
+        queue.async([&] { coordinator.takeRequest(*command.request); });
     const int code = QGuiApplication::exec();
     coordinator.stop();
     return code;

@@ -352,5 +352,20 @@ TEST_F(AppCoordinatorTest, TakesEverythingDownWhenStopped) {
     EXPECT_EQ(panels.panels.size(), 1U);
 }
 
+TEST_F(AppCoordinatorTest, PausesAndResumesWhenAskedFromOutside) {
+    start();
+    coordinator->takeRequest(ActivationRequest::togglePause);
+    EXPECT_TRUE(preferences->isPaused());
+    coordinator->takeRequest(ActivationRequest::togglePause);
+    EXPECT_FALSE(preferences->isPaused());
+    EXPECT_EQ(terminations, 0);
+}
+
+TEST_F(AppCoordinatorTest, EndsTheProgramWhenAskedFromOutside) {
+    start();
+    coordinator->takeRequest(ActivationRequest::quit);
+    EXPECT_EQ(terminations, 1);
+}
+
 } // namespace
 } // namespace vantrel

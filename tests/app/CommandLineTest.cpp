@@ -28,6 +28,20 @@ TEST(CommandLine, RunsTheAgentOnAProfile) {
     EXPECT_EQ(std::get<RunAgent>(command).profile, QStringLiteral("/tmp/p"));
 }
 
+TEST(CommandLine, HasTheAgentDoWhatAnActionNames) {
+    const Command command = parse({QStringLiteral("--action"), QStringLiteral("pause")});
+    ASSERT_TRUE(std::holds_alternative<RunAgent>(command));
+    EXPECT_EQ(std::get<RunAgent>(command).request, ActivationRequest::togglePause);
+    EXPECT_EQ(std::get<RunAgent>(parse({})).request, std::nullopt);
+}
+
+TEST(CommandLine, RefusesAnActionThatIsNoneAndOneBesideAVerb) {
+    EXPECT_TRUE(std::holds_alternative<UsageError>(
+        parse({QStringLiteral("--action"), QStringLiteral("dance")})));
+    EXPECT_TRUE(std::holds_alternative<UsageError>(
+        parse({QStringLiteral("agenda"), QStringLiteral("--action=quit")})));
+}
+
 TEST(CommandLine, LooksTwoWeeksAheadFromNowUnlessToldOtherwise) {
     const Command command = parse({QStringLiteral("agenda")});
     ASSERT_TRUE(std::holds_alternative<PrintAgenda>(command));

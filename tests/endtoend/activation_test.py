@@ -1,0 +1,49 @@
+#!/usr/bin/python3
+"""The program started again while it runs, as from a launcher or by an action of its desktop entry."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "panel"))
+
+from desktop import Agent, Desktop
+from panel_process import PanelProcess
+
+VANTREL = os.environ["VANTREL"]
+FULL = "vantrel-pawprint-fill-symbolic"
+OUTLINE = "vantrel-pawprint-symbolic"
+
+
+class ActivationTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.desktop.start_bus()
+        self.panel = self.enterContext(PanelProcess(self.desktop.environment))
+        self.agent = Agent(self.desktop, VANTREL)
+        self.panel.item(icon=FULL)
+
+    def start_again(self, *arguments):
+        return subprocess.run([*self.agent.command, *arguments], env=self.desktop.environment,
+                              timeout=30, check=False).returncode
+
+    def test_leaves_the_running_one_running(self):
+        self.assertEqual(self.start_again(), 0)
+        self.assertEqual(self.panel.do("properties")["Id"], "vantrel")
+        self.assertIsNone(self.agent.process.poll())
+
+    def test_carries_out_the_actions_of_the_desktop_entry(self):
+        self.assertEqual(self.start_again("--action", "pause"), 0)
+        self.panel.item(icon=OUTLINE)
+        self.assertEqual(self.start_again("--action", "pause"), 0)
+        self.panel.item(icon=FULL)
+        self.assertEqual(self.start_again("--action", "quit"), 0)
+        self.assertEqual(self.agent.process.wait(20), 0)
+        # Nothing runs that could be ended, and nothing is started for it.
+        self.assertEqual(self.start_again("--action", "quit"), 0)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])
