@@ -24,7 +24,6 @@ ConfigurationWatch::ConfigurationWatch(MainQueue &queue, const QString &path,
 void ConfigurationWatch::watch() {
     (void)m_changes.take();
     m_changes.watchForPath(m_path);
-    m_changes.watchForPath(files::resolved(m_path));
     m_changes.endRound();
 }
 

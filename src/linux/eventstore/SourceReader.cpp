@@ -33,17 +33,17 @@ SourceReader::~SourceReader() {
 
 void SourceReader::start(const Aim &aim) {
     m_aim = aim;
-    m_changes = m_core->source->changed.subscribe([this] { read(); });
+    m_changes = m_core->source->changed.subscribe([this] { readAgain(); });
     m_core->source->setWindow(aim.window);
     m_core->source->start();
-    read();
+    readAgain();
 }
 
 void SourceReader::aimAt(const Aim &aim) {
     if (aim.window != m_aim.window)
         m_core->source->setWindow(aim.window);
     m_aim = aim;
-    read();
+    readAgain();
 }
 
 void SourceReader::readNow(const Aim &aim, Seconds patience) {
@@ -56,14 +56,14 @@ void SourceReader::readNow(const Aim &aim, Seconds patience) {
 
 void SourceReader::setAddresses(const QStringList &addresses) {
     m_addresses = addresses;
-    read();
+    readAgain();
 }
 
 EventIndex::Calendars SourceReader::calendars() const {
     return m_calendars.value_or(EventIndex::Calendars{{}, {SourceKnowledge()}});
 }
 
-void SourceReader::read() {
+void SourceReader::readAgain() {
     m_isOutdated = m_isReading;
     if (m_isReading)
         return;
@@ -87,7 +87,7 @@ void SourceReader::take(Found found) {
         m_calendars = std::move(found.calendars);
     m_trouble = std::move(found.trouble);
     if (m_isOutdated)
-        read();
+        readAgain();
     m_finished(isDifferent);
 }
 

@@ -45,6 +45,9 @@ public:
     void start(const Aim &aim);
 
     /// Reads again. While a round is under way the next one follows it.
+    void readAgain();
+
+    /// Reads again, for another aim.
     void aimAt(const Aim &aim);
 
     /// Has the source answer, and reads once before it returns. Not together with `start`.
@@ -70,7 +73,6 @@ private:
         QString trouble;
     };
 
-    void read();
     void take(Found found);
 
     const Finished m_finished;

@@ -17,6 +17,9 @@ namespace {
 /// clock.
 constexpr Seconds rollInterval{900.0};
 
+/// From a disk that is mounted to the look at the folders.
+constexpr Seconds mountPause{0.5};
+
 /// How long a question that is asked once waits for services to tell what they have.
 constexpr Seconds patience{5.0};
 
@@ -63,6 +66,7 @@ void StoreLoader::start() {
     m_clockWatch = std::make_unique<ClockWatch>(
         m_queue, [this] { noteClock(); }, m_configuration.zoneFolder);
     m_wakeWatch = std::make_unique<WakeWatch>([this] { noteClock(); });
+    m_mountWatch = std::make_unique<MountWatch>([this] { noteMounts(); });
     if (m_configuration.file)
         m_configurationWatch = std::make_unique<ConfigurationWatch>(
             m_queue, *m_configuration.file, [this] { noteConfiguration(); });
@@ -171,6 +175,17 @@ void StoreLoader::noteConfiguration() {
     if (m_accounts)
         m_accounts->setAddresses(m_configuration.addresses);
     m_take(everything());
+}
+
+/// Mounts come in flocks where containers run; a look at places that are as before costs little.
+void StoreLoader::noteMounts() {
+    if (std::exchange(m_isMountRoundDue, true))
+        return;
+    m_mountRound = m_queue.after(mountPause, [this] {
+        m_isMountRoundDue = false;
+        for (const auto &reader : m_folders.readers())
+            reader->readAgain();
+    });
 }
 
 void StoreLoader::rollWhenDue() {

@@ -8,6 +8,7 @@
 #include "StoreConfiguration.h"
 #include "WakeWatch.h"
 
+#include <linux/eventstore/files/MountWatch.h>
 #include <linux/eventstore/ical/Window.h>
 #include <linux/eventstore/source/ComponentSource.h>
 #include <platform/LocalCalendar.h>
@@ -63,6 +64,7 @@ private:
     void armForMidnight();
     void noteClock();
     void noteConfiguration();
+    void noteMounts();
     void rollWhenDue();
 
     MainQueue &m_queue;
@@ -74,9 +76,12 @@ private:
     ScheduledWork m_rolling;
     ScheduledWork m_midnight;
     ScheduledWork m_askedRoll;
+    ScheduledWork m_mountRound;
+    bool m_isMountRoundDue = false;
 
     std::unique_ptr<ClockWatch> m_clockWatch;
     std::unique_ptr<WakeWatch> m_wakeWatch;
+    std::unique_ptr<MountWatch> m_mountWatch;
     std::unique_ptr<ConfigurationWatch> m_configurationWatch;
     FolderReaders m_folders;
     std::unique_ptr<SourceReader> m_accounts; ///< Null where they are left alone.

@@ -142,6 +142,48 @@ TEST_F(LiveConfigurationTest, AFileBehindALinkIsFollowed) {
     expectTitles(ElementsAre("two"));
 }
 
+TEST_F(LiveConfigurationTest, AFileBehindALinkIsFollowedWhenItsFolderIsAnother) {
+    files.write(QStringLiteral("dotfiles/calendars.json"), folders({QStringLiteral("one")}));
+    files.write(QStringLiteral("other/calendars.json"), folders({QStringLiteral("two")}));
+    QDir().mkpath(files.path(QStringLiteral("profile")));
+    ASSERT_TRUE(QFile::link(files.path(QStringLiteral("dotfiles/calendars.json")),
+                            files.path(QStringLiteral("profile/calendars.json"))));
+    beginWithProfile();
+    EXPECT_THAT(titles(*live), ElementsAre("one"));
+    QDir scratch(files.path());
+    ASSERT_TRUE(scratch.rename(QStringLiteral("dotfiles"), QStringLiteral("former")));
+    ASSERT_TRUE(scratch.rename(QStringLiteral("other"), QStringLiteral("dotfiles")));
+    expectTitles(ElementsAre("two"));
+    replace(QStringLiteral("dotfiles/calendars.json"), folders({QStringLiteral("one")}));
+    expectTitles(ElementsAre("one"));
+}
+
+TEST_F(LiveConfigurationTest, AFileBehindALinkThatLedNowhereAtTheStartIsReadOnceItComes) {
+    QDir().mkpath(files.path(QStringLiteral("profile")));
+    ASSERT_TRUE(QFile::link(files.path(QStringLiteral("disk/dotfiles/calendars.json")),
+                            files.path(QStringLiteral("profile/calendars.json"))));
+    beginWithProfile();
+    EXPECT_THAT(titles(*live), IsEmpty());
+    files.write(QStringLiteral("disk/dotfiles/calendars.json"), folders({QStringLiteral("one")}));
+    expectTitles(ElementsAre("one"));
+    EXPECT_TRUE(live->hasAllCalendars());
+}
+
+TEST_F(LiveConfigurationTest, AFileBehindALinkInAFolderOnTheWayIsFollowed) {
+    files.write(QStringLiteral("first/calendars.json"), folders({QStringLiteral("one")}));
+    files.write(QStringLiteral("second/calendars.json"), folders({QStringLiteral("two")}));
+    ASSERT_TRUE(
+        QFile::link(files.path(QStringLiteral("first")), files.path(QStringLiteral("profile"))));
+    beginWithProfile();
+    EXPECT_THAT(titles(*live), ElementsAre("one"));
+    ASSERT_TRUE(
+        QFile::link(files.path(QStringLiteral("second")), files.path(QStringLiteral("next"))));
+    ASSERT_EQ(::rename(qPrintable(files.path(QStringLiteral("next"))),
+                       qPrintable(files.path(QStringLiteral("profile")))),
+              0);
+    expectTitles(ElementsAre("two"));
+}
+
 /// Calendars that are out of sight because it is not known, or no longer said, where they lie. What
 /// counts as deleted drops out of the user's selection for good.
 class UnnamedFolderTest : public LiveConfigurationTest {

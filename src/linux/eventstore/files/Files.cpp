@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QList>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <memory>
 
@@ -86,7 +88,8 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail, 
     return entries;
 }
 
-bool hasBrokenLink(const QByteArray &folder) {
+std::vector<QByteArray> brokenLinks(const QByteArray &folder) {
+    std::vector<QByteArray> names;
     const std::unique_ptr<DIR, int (*)(DIR *)> directory(::opendir(folder.constData()),
                                                          &::closedir);
     while (const dirent *one = directory ? ::readdir(directory.get()) : nullptr) {
@@ -94,9 +97,45 @@ bool hasBrokenLink(const QByteArray &folder) {
         const bool mayBeLink = one->d_type == DT_LNK || one->d_type == DT_UNKNOWN;
         if (one->d_name[0] != '.' && mayBeLink &&
             ::fstatat(::dirfd(directory.get()), one->d_name, &found, 0) != 0)
-            return true;
+            names.emplace_back(one->d_name);
     }
-    return false;
+    return names;
+}
+
+std::vector<NameInFolder> waypoints(const QByteArray &path) {
+    constexpr int mostLinks = 40; // As many as the kernel follows.
+    std::vector<NameInFolder> waypoints;
+    QByteArray folder = "/";
+    QList<QByteArray> names = path.split('/');
+    int links = 0;
+    while (!names.isEmpty()) {
+        const QByteArray name = names.takeFirst();
+        if (name.isEmpty() || name == ".")
+            continue;
+        if (name == "..") {
+            folder = folderOf(folder);
+            continue;
+        }
+        const QByteArray place = folder == "/" ? folder + name : folder + '/' + name;
+        struct stat found = {};
+        const bool isThere = ::lstat(place.constData(), &found) == 0;
+        const bool isLink = isThere && S_ISLNK(found.st_mode);
+        const bool isBlocked = isThere && !isLink && !S_ISDIR(found.st_mode);
+        if (!isThere || isLink || isBlocked || names.isEmpty())
+            waypoints.push_back({folder, name});
+        if (!isThere || isBlocked || (isLink && ++links > mostLinks))
+            break;
+        if (!isLink) {
+            folder = place;
+            continue;
+        }
+        char target[PATH_MAX];
+        const auto length = ::readlink(place.constData(), target, sizeof target);
+        names = QByteArray(target, std::max<ssize_t>(length, 0)).split('/') + names;
+        if (length > 0 && target[0] == '/')
+            folder = "/";
+    }
+    return waypoints;
 }
 
 bool isBehindBrokenLink(const QByteArray &path) {

@@ -45,9 +45,21 @@ struct Status {
 /// well be something once what it leads to, on another disk for instance, is within reach.
 [[nodiscard]] bool isBehindBrokenLink(const QByteArray &path);
 
-/// Whether a name in a folder leads to nothing that can be looked at: a symbolic link whose target
-/// is missing, or is out of reach.
-[[nodiscard]] bool hasBrokenLink(const QByteArray &folder);
+/// The names in a folder that lead to nothing that can be looked at: symbolic links whose target is
+/// missing, or is out of reach.
+[[nodiscard]] std::vector<QByteArray> brokenLinks(const QByteArray &folder);
+
+/// A name in a folder, whose path holds no symbolic links.
+struct NameInFolder {
+    QByteArray folder;
+    QByteArray name;
+
+    bool operator==(const NameInFolder &) const = default;
+};
+
+/// On which names it hangs where an absolute path leads: each symbolic link on the way, and the
+/// first name that is missing, or else the last one.
+[[nodiscard]] std::vector<NameInFolder> waypoints(const QByteArray &path);
 
 /// What a regular file holds, at most `limit` bytes of it. Empty when it cannot be read; `error`
 /// is then the system's number for why. Never waits for a writer, as a pipe would.

@@ -49,12 +49,16 @@ void FolderChanges::watch(const QByteArray &folder, const QByteArray &name) {
 }
 
 void FolderChanges::watchForPath(const QByteArray &path) {
-    QByteArray name = path;
-    while (name.size() > 1) {
-        const QByteArray folder = files::folderOf(name);
-        if (files::status(folder).kind == files::Kind::folder)
-            return watch(files::resolved(folder), files::nameOf(name));
-        name = folder;
+    // More of the path may have come before its folder was watched.
+    constexpr int mostTries = 10;
+    std::vector<files::NameInFolder> watched;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const auto waypoints = files::waypoints(path);
+        if (waypoints == watched)
+            return;
+        for (const files::NameInFolder &one : waypoints)
+            watch(one.folder, one.name);
+        watched = waypoints;
     }
 }
 

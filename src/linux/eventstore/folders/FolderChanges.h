@@ -43,7 +43,8 @@ public:
     void watch(const QByteArray &folder, const QByteArray &name = {});
     void endRound();
 
-    /// As `watch`: for a path to come and go, in its folder or in the nearest one that exists.
+    /// As `watch`: for a path to come, go or lead elsewhere, in its folder or in the nearest one
+    /// that exists, and where the symbolic links on the way lie.
     void watchForPath(const QByteArray &path);
 
     /// From any thread: everything counts as changed a minute from now, since something could not

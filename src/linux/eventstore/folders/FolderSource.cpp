@@ -105,8 +105,10 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
         round.isCertain = false;
         round.isComplete = round.isComplete && m_root.isCalendarHome;
     }
-    if (files::hasBrokenLink(path))
+    for (const QByteArray &name : files::brokenLinks(path)) {
         round.isComplete = false;
+        m_changes.watchForPath(path + '/' + name);
+    }
     std::sort(entries->begin(), entries->end(),
               [](const auto &left, const auto &right) { return left.name < right.name; });
     const bool hasItems = std::any_of(entries->begin(), entries->end(), isItem);
@@ -143,7 +145,7 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
     calendar.isDescribedByText = isFile;
 
     const QString &identifier = calendar.calendar.calendarIdentifier;
-    Place place{files::resolved(path), isFile, {}};
+    Place place{files::resolved(path), onDisk, isFile, {}};
     const QByteArray folder = place.folder();
     m_changes.watch(folder, isFile ? files::nameOf(place.path) : QByteArray());
     const auto known = m_places.constFind(identifier);
@@ -152,6 +154,7 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
         watchLinks(place);
     }
     calendar.hasChanges = known == m_places.constEnd() || known->path != place.path ||
+                          known->onDisk != onDisk ||
                           isTouched(round.changes, folder, place.linkedFiles);
     if (const auto rewritten = round.changes.rewritten.find(folder);
         rewritten != round.changes.rewritten.end())

@@ -51,7 +51,8 @@ public:
 private:
     /// Where a calendar lies.
     struct Place {
-        QByteArray path; ///< Of a folder or a file, without symbolic links.
+        QByteArray path;    ///< Of a folder or a file, without symbolic links.
+        PlaceOnDisk onDisk; ///< Another one where a disk was mounted over it.
         bool isFile = false;
         std::set<QByteArray> linkedFiles; ///< What symbolic links in the folder lead to.
 
