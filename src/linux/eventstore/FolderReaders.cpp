@@ -36,6 +36,9 @@ FolderReaders::FolderReaders(ReaderThreads &threads, MakeSource makeSource,
 void FolderReaders::follow(const std::vector<FolderRoot> &roots, const QStringList &addresses,
                            const std::function<void(SourceReader &)> &start) {
     const auto formerRoots = std::exchange(m_roots, withoutRepetitions(roots));
+    m_ownIdentifiers.clear();
+    for (const FolderRoot &root : m_roots)
+        m_ownIdentifiers.insert(identifierOfPath(pathOf(root)));
     auto former = std::exchange(m_readers, {});
     for (const FolderRoot &root : m_roots) {
         const auto known = std::find(formerRoots.begin(), formerRoots.end(), root);
@@ -66,8 +69,9 @@ EventIndex::Calendars FolderReaders::calendars() const {
                 all.list.push_back(std::move(calendar));
         }
         // What is named by itself is waited for, though it lies in a folder that is here.
-        for (const FolderRoot &root : m_roots)
-            known.deletedCalendars.erase(identifierOfPath(pathOf(root)));
+        std::erase_if(known.deletedCalendars, [this](const QString &identifier) {
+            return m_ownIdentifiers.contains(identifier);
+        });
         all.knowledge.push_back(std::move(known));
     }
     return all;

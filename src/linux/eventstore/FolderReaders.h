@@ -5,6 +5,8 @@
 
 #include <linux/eventstore/folders/FolderSource.h>
 
+#include <QSet>
+#include <QString>
 #include <QStringList>
 
 #include <functional>
@@ -41,7 +43,8 @@ private:
     const MakeSource m_makeSource;
     const SourceReader::Finished m_finished;
     std::vector<FolderRoot> m_roots;
-    std::vector<Reader> m_readers; ///< Of the roots, in their order.
+    QSet<QString> m_ownIdentifiers; ///< Of calendars that the roots themselves may be.
+    std::vector<Reader> m_readers;  ///< Of the roots, in their order.
 };
 
 } // namespace vantrel
