@@ -29,6 +29,9 @@ public:
     /// "denied"; without one, or with a log line when it makes no sense, nobody has been asked.
     [[nodiscard]] StoreAuthorization read() const;
 
+    /// The files that `read` goes by.
+    [[nodiscard]] QStringList files() const { return m_policyFiles + QStringList(m_answerFile); }
+
     /// Replaces the answer in one step, in a file that only its owner reads. A failure is logged.
     void keep(bool isGranted) const;
 

@@ -8,14 +8,14 @@
 
 namespace vantrel {
 
-ConfigurationWatch::ConfigurationWatch(MainQueue &queue, const QString &path,
+ConfigurationWatch::ConfigurationWatch(MainQueue &queue, const QStringList &paths,
                                        std::function<void()> report)
-    : m_path(files::absolute(QFile::encodeName(path))),
-      m_report(std::move(report)),
-      m_changes(queue, [this] {
+    : m_report(std::move(report)), m_changes(queue, [this] {
           watch();
           m_report();
       }) {
+    for (const QString &path : paths)
+        m_paths.push_back(files::absolute(QFile::encodeName(path)));
     m_changes.start();
     watch();
 }
@@ -23,7 +23,8 @@ ConfigurationWatch::ConfigurationWatch(MainQueue &queue, const QString &path,
 /// Anew after each change: folders on the way may have come, gone, or become links.
 void ConfigurationWatch::watch() {
     (void)m_changes.take();
-    m_changes.watchForPath(m_path);
+    for (const QByteArray &path : m_paths)
+        m_changes.watchForPath(path);
     m_changes.endRound();
 }
 

@@ -4,9 +4,10 @@
 #include <platform/MainQueue.h>
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <vector>
 
 namespace vantrel {
 
@@ -15,12 +16,12 @@ namespace vantrel {
 class ConfigurationWatch {
 public:
     /// `report` is called once things have quietened down. `queue` outlives the watch.
-    ConfigurationWatch(MainQueue &queue, const QString &path, std::function<void()> report);
+    ConfigurationWatch(MainQueue &queue, const QStringList &paths, std::function<void()> report);
 
 private:
     void watch();
 
-    const QByteArray m_path;
+    std::vector<QByteArray> m_paths;
     const std::function<void()> m_report;
     FolderChanges m_changes;
 };

@@ -20,17 +20,38 @@ LocalEventStore::LocalEventStore(MainQueue &queue, StoreConfiguration configurat
       m_configuration(std::move(configuration)),
       m_currentCalendar(std::move(currentCalendar)),
       m_access(std::move(access)),
-      m_grant(m_access->wasGranted.subscribe([this] { start(); })),
+      m_accessChanges(m_access->changed.subscribe([this] { noteAccess(); })),
       m_threads(queue) {}
 
 LocalEventStore::~LocalEventStore() = default;
 
 void LocalEventStore::start() {
-    if (m_loader || m_access->status() != StoreAuthorization::fullAccess)
+    m_access->follow(m_queue);
+    if (m_access->status() == StoreAuthorization::fullAccess)
+        read();
+}
+
+void LocalEventStore::noteAccess() {
+    if (m_access->status() == StoreAuthorization::fullAccess)
+        read();
+    else
+        forget();
+}
+
+void LocalEventStore::read() {
+    if (m_loader)
         return;
     followFile();
     m_loader = makeLoader();
     m_loader->start();
+}
+
+/// At once: what is no longer to be seen is not left on the screen for a pause between news.
+void LocalEventStore::forget() {
+    m_loader.reset();
+    m_isLoaded = false;
+    m_index.replace({});
+    announce();
 }
 
 void LocalEventStore::loadNow() {

@@ -37,8 +37,8 @@ public:
                     CurrentCalendar currentCalendar, std::unique_ptr<StoreAccess> access);
     ~LocalEventStore() override;
 
-    /// Starts to read and to watch, as soon as access is granted. Until `isLoaded` the answers are
-    /// empty.
+    /// Starts to read and to watch, for as long as access is granted: what the files say on it
+    /// counts as soon as it is written. Until `isLoaded` the answers are empty.
     void start();
 
     /// Reads everything before it returns, and watches nothing: for a question that is asked once.
@@ -66,6 +66,9 @@ public:
     eventWithIdentifier(const QString &eventIdentifier) const override;
 
 private:
+    void noteAccess();
+    void read();
+    void forget();
     void followFile();
     [[nodiscard]] std::unique_ptr<StoreLoader> makeLoader();
     void take(std::optional<EventIndex::Calendars> calendars);
@@ -77,7 +80,7 @@ private:
     EventIndex m_index;
     bool m_isLoaded = false;
     std::unique_ptr<StoreAccess> m_access;
-    Subscription m_grant;
+    Subscription m_accessChanges;
     std::optional<MonotonicInstant> m_announced; ///< When `changed` was, the last time.
     bool m_isAnnouncing = false;                 ///< The next time is arranged.
     ScheduledWork m_announcement;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "AccessRecord.h"
+#include "ConfigurationWatch.h"
 
 #include <platform/AccessPrompt.h>
 #include <platform/EventStore.h>
+#include <platform/MainQueue.h>
 
 #include <QObject>
 
@@ -26,23 +28,31 @@ public:
 
     [[nodiscard]] StoreAuthorization status() const { return m_status; }
 
+    /// From here on what stands in the files counts as soon as it is written. `queue` outlives
+    /// this.
+    void follow(MainQueue &queue);
+
     /// See `EventStore::requestFullAccessToEvents`. While the question stands, further requests
     /// wait for its answer.
     void request(const std::vector<CalendarPlace> &places, EventStore::AccessCompletion completion);
 
-    /// Announced when access is granted that was not before, ahead of the completions.
-    Announcer<> wasGranted;
+    /// Announced when the status has become another, ahead of the completions.
+    Announcer<> changed;
 
 private:
     StoreAccess() : m_status(StoreAuthorization::fullAccess) {}
 
     void answerLater(EventStore::AccessCompletion completion, const std::optional<QString> &error);
     void take(AccessPrompt::Answer answer);
+    void look();
     void adopt(StoreAuthorization status);
+    void answerWaiting();
 
     std::optional<AccessRecord> m_record;
     AccessPrompt *m_prompt = nullptr;
+    StoreAuthorization m_found = StoreAuthorization::notDetermined; ///< In the files, lately.
     StoreAuthorization m_status;
+    std::unique_ptr<ConfigurationWatch> m_watch; ///< Null as long as the files are not followed.
     std::vector<EventStore::AccessCompletion> m_waiting;
     Subscription m_question;
     QObject m_receiver; ///< Answers under way to it are dropped once it is gone.

@@ -69,7 +69,7 @@ void StoreLoader::start() {
     m_mountWatch = std::make_unique<MountWatch>([this] { noteMounts(); });
     if (m_configuration.file)
         m_configurationWatch = std::make_unique<ConfigurationWatch>(
-            m_queue, *m_configuration.file, [this] { noteConfiguration(); });
+            m_queue, QStringList(*m_configuration.file), [this] { noteConfiguration(); });
     m_aim = aimNow();
     for (SourceReader *const reader : readers())
         reader->start(m_aim);
