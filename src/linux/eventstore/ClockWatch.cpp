@@ -2,9 +2,6 @@
 
 #include <linux/eventstore/source/StoreLog.h>
 
-#include <sys/timerfd.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -33,10 +30,14 @@ constexpr Seconds smallestJump{2.0};
 
 } // namespace
 
-ClockWatch::ClockWatch(MainQueue &queue, std::function<void()> report, const QByteArray &zoneFolder)
-    : m_queue(queue), m_report(std::move(report)), m_zone([this](const auto &) { m_report(); }) {
+ClockWatch::ClockWatch(MainQueue &queue, std::function<void()> report, const QByteArray &zoneFolder,
+                       TimerCalls calls)
+    : m_queue(queue),
+      m_report(std::move(report)),
+      m_zone([this](const auto &) { m_report(); }),
+      m_calls(std::move(calls)) {
     m_zone.add(zoneFolder, "localtime");
-    m_timer = ::timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
+    m_timer = m_calls.create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
     if (m_timer < 0 || !arm()) {
         compareInstead(std::strerror(errno));
         return;
@@ -56,13 +57,13 @@ ClockWatch::~ClockWatch() {
 bool ClockWatch::arm() {
     itimerspec deadline = {};
     deadline.it_value.tv_sec = farFuture<decltype(deadline.it_value.tv_sec)>();
-    return ::timerfd_settime(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &deadline,
-                             nullptr) == 0;
+    return m_calls.arm(m_timer, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &deadline, nullptr) ==
+           0;
 }
 
 void ClockWatch::read() {
     std::uint64_t expirations = 0;
-    const auto length = ::read(m_timer, &expirations, sizeof expirations);
+    const auto length = m_calls.read(m_timer, &expirations, sizeof expirations);
     if (length < 0 && errno != ECANCELED)
         return;
     if (length > 0)

@@ -48,6 +48,21 @@ TEST_F(ClockNoticeTest, TellsThatTheSystemsZoneIsAnother) {
     settle([&] { return reports > before; });
 }
 
+TEST_F(ClockNoticeTest, TellsOfAZoneThatIsPutInPlaceByRenaming) {
+    QDir().mkpath(files.path(QStringLiteral("etc")));
+    setZoneFile("UTC");
+    int reports = 0;
+    const ClockWatch watch(
+        queue, [&reports] { ++reports; }, QFile::encodeName(files.path(QStringLiteral("etc"))));
+    const QString beside = files.path(QStringLiteral("etc/.#localtime"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/usr/share/zoneinfo/Asia/Tokyo"), beside));
+    settleQuiet();
+    EXPECT_EQ(reports, 0);
+    ASSERT_EQ(::rename(qPrintable(beside), qPrintable(files.path(QStringLiteral("etc/localtime")))),
+              0);
+    settle([&reports] { return reports > 0; });
+}
+
 TEST_F(ClockNoticeTest, ReadsWholeDaysAgainAsSoonAsTheSystemsZoneIsAnother) {
     files.write(QStringLiteral("work/a.ics"),
                 calendarText(event("d", "DTSTART;VALUE=DATE:20260303\n")));
