@@ -56,7 +56,7 @@ class CalendarsTest(unittest.TestCase):
         self.assertEqual(answer["accessStatus"], "fullAccess")
         self.assertFalse(answer["isSelectionStored"])
         self.assertEqual(answer["missing"], [])
-        self.assertEqual([group["title"] for group in answer["groups"]], ["On This Computer"])
+        self.assertEqual([group["title"] for group in answer["groups"]], ["Calendar Folder"])
         found = answer["groups"][0]["calendars"]
         self.assertEqual([calendar["title"] for calendar in found], ["Birthdays", "home", "Team"])
         self.assertRegex(found[2].pop("id"), "^folder-")

@@ -9,7 +9,7 @@ namespace vantrel::gallery {
 
 namespace {
 
-const CalendarPlace home{QStringLiteral("On This Computer"),
+const CalendarPlace home{QStringLiteral("Calendar Folder"),
                          QStringLiteral("~/.local/share/Vantrel/calendars")};
 
 std::vector<CalendarPlace> some() {

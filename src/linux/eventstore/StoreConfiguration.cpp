@@ -13,6 +13,8 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 namespace vantrel {
 
@@ -49,6 +51,21 @@ QString withoutHome(const QString &path) {
                                                     : path;
 }
 
+QString nameOf(const FolderRoot &root) {
+    return root.title.isEmpty() ? QDir::cleanPath(root.path).section(u'/', -1) : root.title;
+}
+
+/// Places of one name get their paths for titles, so that people can tell them apart.
+void tellApart(std::vector<FolderRoot> &roots) {
+    std::map<QString, std::set<QString>> places;
+    for (const FolderRoot &root : roots)
+        places[nameOf(root)].insert(QDir::cleanPath(root.path));
+    for (FolderRoot &root : roots) {
+        if (root.title.isEmpty() && places[nameOf(root)].size() > 1)
+            root.title = withoutHome(QDir::cleanPath(root.path));
+    }
+}
+
 } // namespace
 
 StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &profile) {
@@ -57,7 +74,7 @@ StoreConfiguration StoreConfiguration::ofUser(const std::optional<QString> &prof
         placeBelow(profile, QStandardPaths::GenericConfigLocation, QLatin1String("calendars.json"));
     configuration.roots.push_back(
         {placeBelow(profile, QStandardPaths::GenericDataLocation, QLatin1String("calendars")),
-         QStringLiteral("On This Computer"), true});
+         QStringLiteral("Calendar Folder"), true});
     if (!profile)
         configuration.evolutionModule = EvolutionSource::moduleOfProgram();
     const auto read = readConfigurationFile(*configuration.file);
@@ -94,6 +111,7 @@ void StoreConfiguration::take(const QJsonObject &object) {
     mayNameOthers = !isListOfTexts(object.value(QStringLiteral("folders")));
     for (const QString &folder : texts(object, QStringLiteral("folders"), *file))
         roots.push_back({withHome(folder), {}, false});
+    tellApart(roots);
     for (const QString &address : texts(object, QStringLiteral("addresses"), *file))
         addresses.append(plainAddress(address));
 }
@@ -107,8 +125,9 @@ std::vector<CalendarPlace> StoreConfiguration::places() const {
     std::vector<CalendarPlace> places;
     for (const FolderRoot &root : roots) {
         const QString path = QDir::cleanPath(root.path);
-        const QString name = root.title.isEmpty() ? path.section(u'/', -1) : root.title;
-        places.push_back({name.isEmpty() ? path : name, withoutHome(path)});
+        const QString name = nameOf(root);
+        const QString place = withoutHome(path);
+        places.push_back({name.isEmpty() ? path : name, name == place ? QString() : place});
     }
     if (evolutionModule && EvolutionSource::isInstalled(*evolutionModule)) {
         places.push_back({QStringLiteral("Evolution"),

@@ -96,6 +96,19 @@ TEST_F(StoreConfigurationTest, PassesOverWhatIsNoText) {
     EXPECT_TRUE(log.has("calendars.json", "\"addresses\" is no list of texts")) << log.text();
 }
 
+TEST_F(StoreConfigurationTest, TellsPlacesOfOneNameApart) {
+    writeFile(R"({"folders": ["/srv/team", "~/team/", "/srv/other", "/x/Calendar Folder"]})");
+    std::vector<std::string> titles;
+    const auto configuration = StoreConfiguration::ofUser();
+    for (const FolderRoot &root : configuration.roots)
+        titles.push_back(root.title.toStdString());
+    EXPECT_EQ(titles, (std::vector<std::string>{"Calendar Folder", "/srv/team", "~/team", "",
+                                                "/x/Calendar Folder"}));
+    const auto places = configuration.places();
+    EXPECT_EQ(places[2], (CalendarPlace{QStringLiteral("~/team"), {}}));
+    EXPECT_EQ(places[3], (CalendarPlace{QStringLiteral("other"), QStringLiteral("/srv/other")}));
+}
+
 TEST_F(StoreConfigurationTest, OfPathsKeepsTheAddresses) {
     writeFile(R"({"folders": ["/srv/cal"], "addresses": ["me@example.com"]})");
     const auto configuration = StoreConfiguration::ofPaths({QStringLiteral("/x")});
