@@ -7,13 +7,14 @@
 
 namespace vantrel {
 
-void EventIndex::replace(Calendars calendars) {
-    m_calendars = std::move(calendars);
+EventIndex::Calendars EventIndex::replace(Calendars calendars) {
+    Calendars former = std::exchange(m_calendars, std::move(calendars));
     m_byEscapedIdentifier.clear();
     for (std::size_t index = 0; index < m_calendars.list.size(); ++index) {
         const QString &identifier = m_calendars.list[index]->calendar().calendarIdentifier;
         m_byEscapedIdentifier.insert(escapedPiece(identifier), index);
     }
+    return former;
 }
 
 std::vector<StoreCalendar> EventIndex::calendars() const {

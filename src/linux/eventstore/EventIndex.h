@@ -22,8 +22,9 @@ public:
         std::vector<SourceKnowledge> knowledge;
     };
 
-    /// Takes the place of all that was held before. The order of the calendars is kept.
-    void replace(Calendars calendars);
+    /// Takes the place of all that was held before, which is handed out: to let go of large
+    /// calendars takes its time. The order of the calendars is kept.
+    [[nodiscard]] Calendars replace(Calendars calendars);
 
     [[nodiscard]] std::vector<StoreCalendar> calendars() const;
 

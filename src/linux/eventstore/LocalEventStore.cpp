@@ -50,8 +50,16 @@ void LocalEventStore::read() {
 void LocalEventStore::forget() {
     m_loader.reset();
     m_isLoaded = false;
-    m_index.replace({});
+    hold({});
     announce();
+}
+
+/// To free a calendar of tens of thousands of events takes longer than the main thread may stand
+/// still.
+void LocalEventStore::hold(EventIndex::Calendars calendars) {
+    const auto former =
+        std::make_shared<EventIndex::Calendars>(m_index.replace(std::move(calendars)));
+    m_threads.run([former] { *former = {}; }, [] {});
 }
 
 void LocalEventStore::loadNow() {
@@ -70,9 +78,15 @@ StoreAuthorization LocalEventStore::authorizationStatus() const {
 }
 
 void LocalEventStore::requestFullAccessToEvents(AccessCompletion completion) {
-    if (!m_loader)
-        followFile();
-    m_access->request(m_configuration.places(), std::move(completion));
+    if (m_access->status() == StoreAuthorization::fullAccess)
+        return m_access->request({}, std::move(completion));
+    followFile(); // Nothing is read yet, so nothing else does.
+    // The accounts stand in a file each, and there may be many.
+    const auto places = std::make_shared<std::vector<CalendarPlace>>();
+    m_threads.run([places, configuration = m_configuration] { *places = configuration.places(); },
+                  [this, places, completion = std::move(completion)] {
+                      m_access->request(*places, completion);
+                  });
 }
 
 std::vector<StoreCalendar> LocalEventStore::calendars() const {
@@ -107,7 +121,7 @@ void LocalEventStore::take(std::optional<EventIndex::Calendars> calendars) {
     m_isLoaded = m_isLoaded || (m_loader && m_loader->isLoaded());
     if (!calendars)
         return announce(); // The clock was set: nothing that hangs on it may wait.
-    m_index.replace(std::move(*calendars));
+    hold(std::move(*calendars));
     if (m_isAnnouncing)
         return;
     const Seconds wait =

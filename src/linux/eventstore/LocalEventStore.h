@@ -69,6 +69,7 @@ private:
     void noteAccess();
     void read();
     void forget();
+    void hold(EventIndex::Calendars calendars);
     void followFile();
     [[nodiscard]] std::unique_ptr<StoreLoader> makeLoader();
     void take(std::optional<EventIndex::Calendars> calendars);

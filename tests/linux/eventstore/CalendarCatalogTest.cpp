@@ -44,7 +44,7 @@ protected:
         const auto second = static_cast<UtcSeconds>(from.time_since_epoch().count());
         const Window window{second, second + 3 * secondsPerDay};
         if (auto calendars = catalog.bring(window, QTimeZone::utc()))
-            index.replace(std::move(*calendars));
+            (void)index.replace(std::move(*calendars));
         std::vector<std::string> shown;
         for (const StoreEvent &one :
              index.events(from, from + Seconds{3.0 * secondsPerDay}, {calendar}))

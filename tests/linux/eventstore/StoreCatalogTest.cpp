@@ -60,7 +60,7 @@ protected:
         const Instant monday = fakes::at("2026-03-02T00:00:00");
         const auto second = static_cast<UtcSeconds>(monday.time_since_epoch().count());
         if (auto calendars = catalog.bring({second, second + secondsPerDay}, QTimeZone::utc()))
-            index.replace(std::move(*calendars));
+            (void)index.replace(std::move(*calendars));
         return index.events(monday, monday + Seconds{86400}, {QStringLiteral("work")}).size();
     }
 };
