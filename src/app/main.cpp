@@ -123,7 +123,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
     ViewEngine views;
-    ConsentDialog consent(views, [&preferences] { return chosenPalette(preferences); });
+    ConsentDialog consent(queue, views, [&preferences] { return chosenPalette(preferences); });
     LocalEventStore store(
         queue, StoreConfiguration::ofUser(command.profile), currentCalendar,
         std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), &consent));

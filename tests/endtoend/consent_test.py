@@ -65,8 +65,7 @@ class ConsentTest(unittest.TestCase):
         self.wait_for_dialog()
         self.assertFalse(self.openings.heard())
         self.assertFalse(self.agent.access_file.exists())
-        self.desktop.press("Return")
-        within(5, lambda: not self.dialog(), "the question is gone")
+        self.desktop.answer("Return", self.dialog)
         within(5, self.openings.heard, "the calendars are read")
         self.assertEqual(self.answer_of_the_file(), "granted")
         self.assertEqual(stat.S_IMODE(self.agent.access_file.stat().st_mode), 0o600)
@@ -77,8 +76,7 @@ class ConsentTest(unittest.TestCase):
     def test_reads_nothing_after_a_refusal_nor_asks_at_the_next_start(self):
         self.start_with_meeting_in(LEAD + 8)
         self.wait_for_dialog()
-        self.desktop.press("Escape")
-        within(5, lambda: not self.dialog(), "the question is gone")
+        self.desktop.answer("Escape", self.dialog)
         self.assertEqual(self.answer_of_the_file(), "denied")
         self.desktop.end(self.agent.process)
         self.agent.start()
@@ -98,8 +96,7 @@ class ConsentTest(unittest.TestCase):
         self.wait_for_dialog()
         self.assertNotIn("vantrel-evolution", maps.read_text())
         self.assertNotIn("libecal", maps.read_text())
-        self.desktop.press("Return")
-        within(5, lambda: not self.dialog(), "the question is gone")
+        self.desktop.answer("Return", self.dialog)
         access = self.desktop.folder / "config" / "Vantrel" / "access.json"
         self.assertEqual(json.loads(access.read_text())["calendarAccess"], "granted")
         if not (pathlib.Path(VANTREL).parent / "vantrel-evolution.so").exists():

@@ -159,6 +159,21 @@ class Desktop(Session):
     def press(self, key):
         self.ask("xdotool", "key", key)
 
+    def answer(self, key, window):
+        """Presses a key now and then until `window()` is gone, since none counts at first."""
+        pressed = 0.0
+
+        def is_gone():
+            nonlocal pressed
+            if not window():
+                return True
+            if time.monotonic() > pressed + 1:
+                self.press(key)
+                pressed = time.monotonic()
+            return False
+
+        within(20, is_gone, f"{key} is an answer")
+
     def move_pointer(self, x, y):
         self.ask("xdotool", "mousemove", str(x), str(y))
 

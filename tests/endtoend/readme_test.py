@@ -84,7 +84,7 @@ class ReadmeTest(unittest.TestCase):
             within(60, lambda: desktop.windows(name="^Vantrel$"), "it asked for the calendars")
             within(5, lambda: share(desktop.picture(), (700, 300, 1220, 780), SURFACE) > 0.3,
                    "the question is drawn")
-            desktop.press("Return")
+            desktop.answer("Return", lambda: desktop.windows(name="^Vantrel$"))
             within(60, lambda: len(desktop.panels()) == 2, "the takeover came")
             within(3, lambda: share(desktop.picture(), LEFT, SURFACE) > 0.7, "the takeover is drawn")
             desktop.press("Escape")

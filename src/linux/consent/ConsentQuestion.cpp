@@ -36,11 +36,13 @@ ViewContent consentContent(ConsentViewModel &viewModel, const QVariant &palette)
              {QStringLiteral("themePalette"), palette}}};
 }
 
-ConsentQuestion::ConsentQuestion(ViewEngine &engine, const std::vector<CalendarPlace> &places,
-                                 const QVariant &palette, AccessPrompt::Answered answered)
+ConsentQuestion::ConsentQuestion(MainQueue &queue, ViewEngine &engine,
+                                 const std::vector<CalendarPlace> &places, const QVariant &palette,
+                                 AccessPrompt::Answered answered)
     : m_viewModel(places, [this, answered = std::move(answered)](
                               AccessPrompt::Answer answer) { pass(answer, answered); }),
       m_window(std::make_unique<QQuickWindow>()),
+      m_unreadKeys(queue, *m_window),
       m_view(
           engine.makeItem(consentContent(m_viewModel, palette), *m_window, ItemSize::ofContent)) {}
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ConsentViewModel.h"
+#include "UnreadKeys.h"
 
 #include <platform/AccessPrompt.h>
 #include <platform/ViewContent.h>
@@ -25,7 +26,7 @@ class ViewEngine;
 class ConsentQuestion {
 public:
     /// `answered` is called once, by the event loop; it may destroy the question.
-    ConsentQuestion(ViewEngine &engine, const std::vector<CalendarPlace> &places,
+    ConsentQuestion(MainQueue &queue, ViewEngine &engine, const std::vector<CalendarPlace> &places,
                     const QVariant &palette, AccessPrompt::Answered answered);
     ConsentQuestion(const ConsentQuestion &) = delete;
     ConsentQuestion &operator=(const ConsentQuestion &) = delete;
@@ -40,6 +41,7 @@ private:
 
     ConsentViewModel m_viewModel;
     std::unique_ptr<QQuickWindow> m_window;
+    UnreadKeys m_unreadKeys;
     std::unique_ptr<QQuickItem> m_view; ///< Null when it could not be made.
     QObject m_receiver;                 ///< Messages to it are dropped once it is gone.
 };
