@@ -1,7 +1,6 @@
 #include "TakeoverContents.h"
 
-#include "DisplayTitle.h"
-
+#include <theme/DisplayTitle.h>
 #include <theme/ThemeModule.h>
 #include <theme/ThemePalette.h>
 

@@ -1,7 +1,8 @@
 #include "TakeoverViewModel.h"
 
 #include "CountdownFormatter.h"
-#include "DisplayTitle.h"
+
+#include <theme/DisplayTitle.h>
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include <takeover/DisplayTitle.h>
+#include <theme/DisplayTitle.h>
 
 #include <gtest/gtest.h>
 
