@@ -37,7 +37,6 @@ Scene scene(Theme theme, const QString &name, const std::vector<CalendarPlace> &
             QSize size) {
     Scene made;
     made.name = QStringLiteral("consent-%1-%2").arg(rawValue(theme), name);
-    made.size = size;
     made.show = [=](const std::function<void(Stage &)> &look) {
         useThemeModule();
         ConsentViewModel viewModel(places, [](AccessPrompt::Answer) {});

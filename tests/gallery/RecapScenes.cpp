@@ -22,7 +22,6 @@ RescueStats week(std::int64_t fromTakeover, std::int64_t fromPopover, std::int64
 Scene scene(Theme theme, const QString &name, const RescueStats &weekly, QSize size) {
     Scene made;
     made.name = QStringLiteral("recap-%1-%2").arg(rawValue(theme), name);
-    made.size = size;
     made.show = [=](const std::function<void(Stage &)> &look) {
         RecapViewModel viewModel;
         viewModel.show({weekly, weekly, palette(theme), {}, {}});

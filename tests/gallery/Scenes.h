@@ -2,7 +2,6 @@
 
 #include <theme/Theme.h>
 
-#include <QSize>
 #include <QString>
 
 #include <functional>
@@ -15,7 +14,6 @@ class Stage;
 /// One picture of the gallery.
 struct Scene {
     QString name; ///< Of the file, without its ending.
-    QSize size;
     std::function<void(const std::function<void(Stage &)> &)> show;
 };
 
@@ -27,5 +25,8 @@ struct Scene {
 
 /// The recap, over palettes, weeks and sizes.
 [[nodiscard]] std::vector<Scene> recapScenes();
+
+/// The popover with the upcoming meetings and its menu, over palettes, languages and lists.
+[[nodiscard]] std::vector<Scene> popoverScenes();
 
 } // namespace vantrel::gallery

@@ -49,7 +49,7 @@ void Stage::prepare() {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-Stage::Stage(const ViewContent &content, QSize size) {
+Stage::Stage(const ViewContent &content, QSize size, Ground ground) : m_ground(ground) {
     QObject::connect(&engine(), &QQmlEngine::warnings, &m_watch,
                      [this](const QList<QQmlError> &warnings) {
                          for (const QQmlError &warning : warnings)
@@ -108,9 +108,26 @@ void Stage::linger() {
 QImage Stage::picture() {
     if (!m_window.isVisible())
         show();
-    QImage picture = m_window.grabWindow();
+    QImage picture = m_ground == Ground::filled ? m_window.grabWindow() : pictureSeenThrough();
     // Not set by the software renderer.
     picture.setDevicePixelRatio(m_window.effectiveDevicePixelRatio());
+    return picture;
+}
+
+/// A window's picture is opaque; what lets its ground through is found by changing the ground.
+QImage Stage::pictureSeenThrough() {
+    m_window.setColor(Qt::white);
+    const QImage onWhite = m_window.grabWindow().convertToFormat(QImage::Format_RGB32);
+    m_window.setColor(Qt::black);
+    QImage picture = m_window.grabWindow().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < picture.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        const auto *white = reinterpret_cast<const QRgb *>(onWhite.constScanLine(y));
+        for (int x = 0; x < picture.width(); ++x) {
+            const int alpha = 255 - (qGreen(white[x]) - qGreen(line[x]));
+            line[x] = qRgba(qRed(line[x]), qGreen(line[x]), qBlue(line[x]), alpha);
+        }
+    }
     return picture;
 }
 

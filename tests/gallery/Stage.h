@@ -23,9 +23,14 @@ public:
     /// Chooses the renderer.
     static void prepare();
 
+    enum class Ground {
+        filled,     ///< With the window's colour.
+        seenThrough ///< Not drawn at all where the content draws nothing.
+    };
+
     /// Makes and lays out the content, without showing the window. Stops the program when the
     /// content cannot be made, after naming the reason.
-    Stage(const ViewContent &content, QSize size);
+    Stage(const ViewContent &content, QSize size, Ground ground = Ground::filled);
 
     [[nodiscard]] QQuickItem &root() const { return *m_root; }
     [[nodiscard]] QQuickWindow &window() { return m_window; }
@@ -52,6 +57,9 @@ public:
     [[nodiscard]] const QStringList &warnings() const { return m_warnings; }
 
 private:
+    [[nodiscard]] QImage pictureSeenThrough();
+
+    const Ground m_ground;
     QQuickWindow m_window;
     std::unique_ptr<QQuickItem> m_root;
     int m_frameCount = 0;

@@ -55,7 +55,6 @@ Scene scene(Theme theme, QSize size, const Meeting &meeting, Face face) {
                     .arg(size.width())
                     .arg(size.height())
                     .arg(meeting.name);
-    made.size = size;
     made.show = [=](const std::function<void(Stage &)> &look) {
         fakes::ManualMainQueue queue(fakes::at("2026-03-02T08:59:02"));
         TakeoverPhaseState phase;

@@ -19,7 +19,9 @@ int write(const std::vector<Scene> &scenes, const QString &only, const QDir &fol
     for (const Scene &scene : scenes) {
         if (!scene.name.contains(only))
             continue;
-        const QString file = folder.filePath(scene.name + QStringLiteral(".png"));
+        const double scale = qGuiApp->devicePixelRatio();
+        const QString density = scale == 1.0 ? QString() : QStringLiteral("@%1x").arg(scale);
+        const QString file = folder.filePath(scene.name + density + QStringLiteral(".png"));
         bool isSaved = false;
         scene.show([&](Stage &stage) { isSaved = stage.picture().save(file); });
         if (!isSaved) {
@@ -69,7 +71,7 @@ int main(int argc, char **argv) {
     parser.process(application);
 
     auto scenes = takeoverScenes();
-    for (const auto &more : {consentScenes(), recapScenes()})
+    for (const auto &more : {consentScenes(), popoverScenes(), recapScenes()})
         scenes.insert(scenes.end(), more.begin(), more.end());
     const QString only = parser.value(onlyOption);
     if (parser.isSet(listOption)) {

@@ -1,0 +1,138 @@
+#include "ShownView.h"
+
+namespace vantrel {
+namespace {
+
+class PopoverKeyboardTest : public testing::Test, protected ShownPopoverView {
+protected:
+    void SetUp() override {
+        for (int hour = 10; hour < 23; ++hour)
+            add(QString::number(hour), qPrintable(QStringLiteral("2026-03-02T%1:00:00").arg(hour)),
+                hour % 2 ? QString() : call);
+        make(EventListMode::today);
+    }
+
+    [[nodiscard]] int current() const { return item("events").property("currentIndex").toInt(); }
+
+    [[nodiscard]] QString focused() const {
+        const QQuickItem *with = stage().window().activeFocusItem();
+        return with ? with->objectName() : QString();
+    }
+
+    void pressHeld(Qt::Key key) {
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(&stage().window(), &repeated);
+    }
+};
+
+} // namespace
+
+TEST_F(PopoverKeyboardTest, StartsInTheListWithoutARow) {
+    EXPECT_EQ(focused(), QStringLiteral("events"));
+    EXPECT_EQ(current(), -1);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(popover.joined.empty());
+}
+
+TEST_F(PopoverKeyboardTest, GoesThroughTheRows) {
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 1);
+    press(Qt::Key_Up);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_Up);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_End);
+    EXPECT_EQ(current(), 12);
+    press(Qt::Key_Down);
+    EXPECT_EQ(current(), 12);
+    press(Qt::Key_Home);
+    EXPECT_EQ(current(), 0);
+}
+
+TEST_F(PopoverKeyboardTest, RingsTheRowAndBringsItIntoView) {
+    press(Qt::Key_End);
+    EXPECT_TRUE(stage().waitFor([this] {
+        const auto rows = all("EventRow");
+        return std::any_of(rows.begin(), rows.end(), [this](const QQuickItem *row) {
+            return row->property("isRinged").toBool() &&
+                   stage().root().boundingRect().contains(area(*row));
+        });
+    }));
+}
+
+TEST_F(PopoverKeyboardTest, JoinsWithReturnWhereThereIsACall) {
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    ASSERT_EQ(popover.joined.size(), 1u);
+    EXPECT_EQ(popover.joined[0].title, QStringLiteral("10"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return); // 11 has no call.
+    EXPECT_EQ(popover.joined.size(), 1u);
+    press(Qt::Key_Down);
+    press(Qt::Key_Enter);
+    EXPECT_EQ(popover.joined.size(), 2u);
+}
+
+TEST_F(PopoverKeyboardTest, AKeyThatIsHeldFromElsewhereJoinsNothing) {
+    press(Qt::Key_Down);
+    pressHeld(Qt::Key_Return);
+    pressHeld(Qt::Key_Enter);
+    EXPECT_TRUE(popover.joined.empty());
+}
+
+TEST_F(PopoverKeyboardTest, TabGoesRoundTheControls) {
+    QStringList order;
+    for (int step = 0; step < 6; ++step) {
+        order += focused();
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, (QStringList{QStringLiteral("events"), QStringLiteral("today"),
+                                  QStringLiteral("all"), QStringLiteral("pause"),
+                                  QStringLiteral("more"), QStringLiteral("events")}));
+    press(Qt::Key_Backtab);
+    EXPECT_EQ(focused(), QStringLiteral("events"));
+}
+
+TEST_F(PopoverKeyboardTest, SpaceAndReturnPressWhatHasTheRing) {
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    EXPECT_EQ(popover.viewModel.mode(), EventListMode::all);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(popover.preferences.isPaused());
+    pressHeld(Qt::Key_Return);
+    EXPECT_TRUE(popover.preferences.isPaused());
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    ASSERT_EQ(popover.menus.size(), 1u);
+    const QRect gear(stage().window().mapToGlobal(area(item("more")).topLeft().toPoint()),
+                     QSize(36, 36));
+    EXPECT_TRUE(gear.contains(popover.menus[0]));
+}
+
+TEST_F(PopoverKeyboardTest, HasMnemonics) {
+    press(Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(popover.viewModel.mode(), EventListMode::all);
+    press(Qt::Key_T, Qt::AltModifier);
+    EXPECT_EQ(popover.viewModel.mode(), EventListMode::today);
+    press(Qt::Key_P, Qt::AltModifier);
+    EXPECT_TRUE(popover.preferences.isPaused());
+    press(Qt::Key_M, Qt::AltModifier);
+    EXPECT_EQ(popover.menus.size(), 1u);
+}
+
+TEST_F(PopoverKeyboardTest, WorksWithoutAnyMeeting) {
+    popover.store.storedEvents.clear();
+    make(EventListMode::today);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("today"));
+    press(Qt::Key_Down);
+    press(Qt::Key_End);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(popover.joined.empty());
+}
+
+} // namespace vantrel
