@@ -19,17 +19,16 @@ class ComponentsByUid {
 public:
     explicit ComponentsByUid(const std::vector<EventComponent> &events);
 
-    /// Calls `take(hash, events)` for each UID.
+    /// Calls `take(hash, events)` for each UID, in the order of their first events.
     template <typename Take>
     void forEach(Take take) const {
         std::vector<const EventComponent *> group;
-        for (std::size_t index = 0; index < m_events.size(); ++index) {
+        for (std::size_t index : firstOfEach()) {
             const UidHash uid = m_events[index].first;
-            group.push_back(m_events[index].second);
-            if (index + 1 == m_events.size() || m_events[index + 1].first != uid) {
-                take(uid, group);
-                group.clear();
-            }
+            for (; index < m_events.size() && m_events[index].first == uid; ++index)
+                group.push_back(m_events[index].second);
+            take(uid, group);
+            group.clear();
         }
     }
 
@@ -37,6 +36,8 @@ public:
     void collect(UidHash uid, std::vector<const EventComponent *> &events) const;
 
 private:
+    [[nodiscard]] std::vector<std::size_t> firstOfEach() const;
+
     std::vector<std::pair<UidHash, const EventComponent *>> m_events;
 };
 

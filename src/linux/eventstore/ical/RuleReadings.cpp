@@ -78,11 +78,23 @@ bool forEachBit(Set set, int first, int last, Take take) {
     return true;
 }
 
+/// Each day is held against all numbers of the rule's lists.
+int stepsPerDay(const RecurrenceRule &rule) {
+    constexpr std::size_t numbersPerStep = 8;
+    return 1 + static_cast<int>((rule.days.size() + rule.monthDays.size() + rule.yearDays.size() +
+                                 rule.weekNumbers.size()) /
+                                numbersPerStep);
+}
+
 } // namespace
 
 RuleReadings::RuleReadings(const RecurrenceRule &rule, CivilSeconds start,
                            std::optional<CivilSeconds> until)
-    : m_rule(rule), m_days(rule, start), m_start(start), m_until(until) {
+    : m_rule(rule),
+      m_days(rule, start),
+      m_start(start),
+      m_until(until),
+      m_stepsPerDay(stepsPerDay(rule)) {
     const std::int64_t time = start - startOfCivilDay(start);
     m_hours = unitsOf(rule.hours, rule.frequency <= Frequency::hourly, time / 3600);
     m_minutes = unitsOf(rule.minutes, rule.frequency <= Frequency::minutely, time / 60 % 60);
@@ -97,8 +109,11 @@ RuleReadings::End RuleReadings::collect(CivilSeconds from, CivilSeconds to, int 
         return End::ofRule;
 
     const CivilSeconds limit = std::min(m_until ? std::min(*m_until, to - 1) : to - 1, endOfTime);
-    int count = 1;
-    for (std::int64_t index = firstPeriod(from); period(index).first <= limit; ++index) {
+    std::int64_t count = 1;
+    std::int64_t index = firstPeriod(from);
+    if (m_rule.count > 0 && !countBefore(index, count, steps))
+        return End::ofPatience;
+    for (; period(index).first <= limit; ++index) {
         if (m_rule.count > 0 && count >= m_rule.count)
             return End::ofRule;
         if (!fill(index, steps))
@@ -116,11 +131,36 @@ RuleReadings::End RuleReadings::collect(CivilSeconds from, CivilSeconds to, int 
     return isCountReached || (m_until && *m_until < to) ? End::ofRule : End::ofInterval;
 }
 
-/// With COUNT every period since the start has to be looked at.
+/// Whether each period behind that of the start yields equally many readings.
+bool RuleReadings::isEven() const {
+    const bool isOfWeekdays = m_rule.months == 0 && m_rule.monthDays.empty() &&
+                              m_rule.yearDays.empty() && m_rule.weekNumbers.empty();
+    return isOfWeekdays && (m_rule.frequency == Frequency::weekly ||
+                            (m_rule.frequency == Frequency::daily && m_rule.days.empty()));
+}
+
+/// With COUNT every period since the start has to be looked at, unless one tells of all.
 std::int64_t RuleReadings::firstPeriod(CivilSeconds from) const {
-    if (m_rule.count > 0 || from <= m_start)
+    if (from <= m_start || (m_rule.count > 0 && !isEven()))
         return 0;
     return (indexOfPeriod(from) - indexOfPeriod(m_start)) / m_rule.interval;
+}
+
+/// Adds the readings of the periods before that one, which are even. False when the steps do not
+/// suffice.
+bool RuleReadings::countBefore(std::int64_t index, std::int64_t &count, int &steps) {
+    if (index > 0) {
+        if (!fill(0, steps))
+            return false;
+        count += std::count_if(m_set.begin(), m_set.end(),
+                               [this](CivilSeconds reading) { return reading > m_start; });
+    }
+    if (index > 1) {
+        if (!fill(1, steps))
+            return false;
+        count += (index - 1) * static_cast<std::int64_t>(m_set.size());
+    }
+    return true;
 }
 
 /// Which period of the rule's kind holds the reading, the interval left out of account.
@@ -162,7 +202,7 @@ std::pair<CivilSeconds, CivilSeconds> RuleReadings::period(std::int64_t index) c
 bool RuleReadings::fill(std::int64_t index, int &steps) {
     m_set.clear();
     const auto [begin, end] = period(index);
-    steps -= static_cast<int>(1 + (end - begin) / secondsPerDay);
+    steps -= static_cast<int>(1 + (end - begin) / secondsPerDay * m_stepsPerDay);
     if (steps < 0)
         return false;
     for (std::int64_t day = civilDay(begin); day * secondsPerDay < end; ++day) {

@@ -24,12 +24,15 @@ public:
 
     /// Appends the wall-clock readings from `from` to before `to`, in ascending order. The start
     /// counts as the first, whether or not the rule yields it. Takes the work from `steps`: one for
-    /// each period and each day that is looked at, five for each reading.
+    /// each period, one for each day that is looked at and more where the rule has long lists of
+    /// days, five for each reading.
     End collect(CivilSeconds from, CivilSeconds to, int &steps,
                 std::vector<CivilSeconds> &readings);
 
 private:
+    [[nodiscard]] bool isEven() const;
     [[nodiscard]] std::int64_t firstPeriod(CivilSeconds from) const;
+    bool countBefore(std::int64_t index, std::int64_t &count, int &steps);
     [[nodiscard]] std::int64_t indexOfPeriod(CivilSeconds reading) const;
     [[nodiscard]] std::pair<CivilSeconds, CivilSeconds> period(std::int64_t index) const;
     bool fill(std::int64_t index, int &steps);
@@ -40,6 +43,7 @@ private:
     const RuleDays m_days;
     const CivilSeconds m_start;
     const std::optional<CivilSeconds> m_until;
+    const int m_stepsPerDay;
     std::uint32_t m_hours;
     std::uint64_t m_minutes;
     std::uint64_t m_seconds;

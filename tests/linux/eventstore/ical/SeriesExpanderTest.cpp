@@ -1,6 +1,8 @@
 #include "CalendarFiles.h"
 #include "ExpandedText.h"
 
+#include <linux/eventstore/ical/RuleReadings.h>
+
 #include <gmock/gmock.h>
 
 namespace vantrel {
@@ -50,6 +52,58 @@ TEST(SeriesExpander, ShowsTheLaterRevisionOfTwoMasters) {
     EXPECT_THAT(text.problems,
                 ElementsAre("second event with one UID; the later revision is shown",
                             "second event with one UID; the later revision is shown"));
+}
+
+TEST(SeriesExpander, ShowsEachOfHundredsOfSeriesThatHaveBeenCountedForYears) {
+    QByteArray events;
+    for (int number = 0; number < 600; ++number) {
+        const QByteArray rule =
+            number % 2 == 0 ? "DAILY;COUNT=5000" : "WEEKLY;BYDAY=MO,TU,WE,TH,FR;COUNT=4000";
+        events += event("series" + QByteArray::number(number),
+                        "DTSTART:20200106T090000Z\nRRULE:FREQ=" + rule + "\n");
+    }
+    const ExpandedText text(calendarText(events), "2026-03-02T00:00:00", "2026-03-03T00:00:00",
+                            "UTC");
+    EXPECT_EQ(text.lines.size(), 600U);
+    EXPECT_THAT(text.problems, IsEmpty());
+}
+
+TEST(SeriesExpander, CountsUpToTheLastOfAWeeklyRuleThatBeganInMidWeek) {
+    // A Wednesday; the 13th is the Monday of the sixth week.
+    const QByteArray series = event("a", "DTSTART:20260107T090000Z\n"
+                                         "RRULE:FREQ=WEEKLY;BYDAY=MO,WE,FR;COUNT=15\n");
+    const ExpandedText text(calendarText(series), "2026-02-02T00:00:00", "2026-03-30T00:00:00",
+                            "UTC");
+    EXPECT_THAT(text.lines, ElementsAre("2026-02-02 09:00/09:00", "2026-02-04 09:00/09:00",
+                                        "2026-02-06 09:00/09:00", "2026-02-09 09:00/09:00"));
+}
+
+TEST(SeriesExpander, GivesWhatThereIsOfTheBudgetToTheFirstSeriesOfAText) {
+    QByteArray events;
+    for (int number = 0; number < 60; ++number)
+        events += event("series" + QByteArray::number(number),
+                        "DTSTART:19850107T090000Z\nSUMMARY:" + QByteArray::number(1000 + number) +
+                            "\nRRULE:FREQ=DAILY;BYDAY=MO,TU,WE,TH,FR;COUNT=20000\n");
+    const ExpandedText text(calendarText(events), "2026-03-02T00:00:00", "2026-03-03T00:00:00",
+                            "UTC");
+    ASSERT_GT(text.lines.size(), 10U);
+    ASSERT_LT(text.lines.size(), 60U);
+    for (std::size_t number = 0; number < text.lines.size(); ++number)
+        EXPECT_EQ(text.lines[number], "2026-03-02 09:00/09:00 " + std::to_string(1000 + number));
+}
+
+TEST(SeriesExpander, TakesLongListsOfDaysForMoreWork) {
+    const auto work = [](const QByteArray &text) {
+        QString problem;
+        const auto rule = RecurrenceRule::parse(text, problem);
+        EXPECT_TRUE(rule) << problem.toStdString();
+        int steps = 1'000'000;
+        std::vector<CivilSeconds> found;
+        RuleReadings(*rule, 0, std::nullopt).collect(0, 100 * secondsPerDay, steps, found);
+        return 1'000'000 - steps;
+    };
+    const QByteArray one = "FREQ=DAILY;BYYEARDAY=366";
+    EXPECT_GT(work(one + QByteArray(",366").repeated(799)), 50 * work(one));
 }
 
 } // namespace
