@@ -96,8 +96,10 @@ void SleepyMachine::sleepUntil(const char *dateTime) {
     queue.suspend(local(dateTime) - queue.now());
     const int before = notices;
     m_loginManager.announceWaking();
+    settle([this, before] { return notices > before; }, "the login manager has said so");
+    queue.advance(betweenNotices);
     m_kernel.announceJump();
-    settle([this, before] { return notices >= before + 2; }, "both have said that it woke");
+    settle([this, before] { return notices >= before + 2; }, "the kernel has said so too");
 }
 
 void SleepyMachine::setClock(const char *dateTime) {

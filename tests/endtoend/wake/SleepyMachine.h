@@ -61,8 +61,10 @@ protected:
     void start();
 
     /// The machine sleeps until the wall clock in Zurich shows that, and both who know of it say
-    /// so; the program's clock stands still meanwhile.
+    /// so, one after the other; the program's clock stands still meanwhile.
     void sleepUntil(const char *dateTime);
+
+    static constexpr Seconds betweenNotices{0.2};
 
     /// Somebody sets the clock.
     void setClock(const char *dateTime);
