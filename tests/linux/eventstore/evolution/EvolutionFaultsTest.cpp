@@ -12,6 +12,8 @@ class EvolutionFaults : public EvolutionFixture {
 protected:
     using EvolutionFixture::EvolutionFixture;
 
+    void SetUp() override { watchMainThread(); }
+
     void kill(const QString &program) { signal(program, SIGKILL); }
 
     void putOne() { put(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n")); }
@@ -68,12 +70,14 @@ TEST_F(EvolutionFaultsOnGLib, SurvivesTheSessionBusAndUsesTheNextOne) {
     begin();
     settleTitles(ElementsAre("One"), "the event");
     session.endBus();
+    forgiveBlock();
     settle([this] { return linesWith("the session bus has gone") > 0; }, "the log says so");
     EXPECT_THAT(titles(), ElementsAre("One"));
     settle(
         [this] { return store->troubles().join(u' ').contains(QLatin1String("does not answer")); },
         "people are told");
     session.startBus();
+    forgiveBlock();
     settle([this] { return linesWith("is back") > 0; }, "accounts are back");
     settle([this] { return store->troubles().empty(); }, "the trouble has gone");
     putTwo();
@@ -119,20 +123,23 @@ TEST_F(EvolutionFaults, EndsAtOnceWhileEverythingIsUnderWay) {
     store = storeOf(configuration);
     store->start();
     store.reset();
+    forgiveBlock();
     begin();
     kill(QStringLiteral("evolution-calendar-factory"));
     store.reset();
+    forgiveBlock();
 }
 
 TEST_F(EvolutionFaults, ReadsHundredsOfCalendars) {
-    constexpr int count = 200;
+    constexpr int count = 500;
     for (int number = 0; number < count; ++number)
         session.writeSource(QStringLiteral("many-%1").arg(number),
                             "[Data Source]\nDisplayName=Many\nEnabled=true\nParent=local-stub\n"
                             "[Calendar]\nBackendName=local\n");
+    forgiveBlock();
     begin();
     EXPECT_GE(store->calendars().size(), std::size_t{count});
-    put(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n"), QStringLiteral("many-199"));
+    put(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n"), QStringLiteral("many-499"));
     settleTitles(ElementsAre("One"), "each of them is live");
 }
 

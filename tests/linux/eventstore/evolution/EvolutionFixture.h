@@ -3,6 +3,7 @@
 #include "CalendarFiles.h"
 #include "CapturedLog.h"
 #include "PrivateSession.h"
+#include "Watchdog.h"
 
 #include <fakes/ManualMainQueue.h>
 #include <fakes/Times.h>
@@ -18,6 +19,7 @@
 
 #include <csignal>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +42,18 @@ protected:
     ~EvolutionFixture() override {
         for (const pid_t process : m_stopped)
             ::kill(process, SIGCONT);
+    }
+
+    void TearDown() override {
+        if (m_watchdog)
+            m_watchdog->expectNoBlock();
+    }
+
+    /// From here to the end of the test the main thread is not to be blocked, except by the test.
+    void watchMainThread() { m_watchdog.emplace(); }
+    void forgiveBlock() {
+        if (m_watchdog)
+            m_watchdog->forgive();
     }
 
     [[nodiscard]] std::unique_ptr<LocalEventStore> storeOf(StoreConfiguration configuration) {
@@ -109,6 +123,7 @@ protected:
         QProcess writer;
         writer.setProcessChannelMode(QProcess::MergedChannels);
         writer.start(QStringLiteral(CALENDAR_WRITER), arguments);
+        forgiveBlock();
         settle([&] { return writer.state() == QProcess::NotRunning; }, "the writer ended");
         ASSERT_EQ(writer.exitCode(), 0) << qPrintable(arguments.join(u' ')) << '\n'
                                         << writer.readAll().constData();
@@ -129,6 +144,7 @@ protected:
     void signal(const QString &program, int number) {
         qint64 process = 0;
         settle([&] { return (process = session.processOf(program)) > 1; }, "the service runs");
+        forgiveBlock();
         ASSERT_GT(process, 1);
         ASSERT_EQ(::kill(static_cast<pid_t>(process), number), 0);
         if (number == SIGSTOP)
@@ -164,6 +180,7 @@ protected:
 private:
     Subscription m_subscription;
     std::vector<pid_t> m_stopped;
+    std::optional<Watchdog> m_watchdog;
 };
 
 } // namespace vantrel::tests

@@ -153,6 +153,30 @@ void WebServer::write(const QString &name, const QByteArray &bytes) const {
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
+RefusingServer::RefusingServer(const QString &folder) : LoopbackServer(folder) {
+    start();
+}
+
+QStringList RefusingServer::command() const {
+    const auto program = QStringLiteral(R"(
+import http.server, sys
+class Refusal(http.server.BaseHTTPRequestHandler):
+    def __getattr__(self, name):
+        if not name.startswith('do_'):
+            raise AttributeError(name)
+        return self.refuse
+    def refuse(self):
+        self.rfile.read(int(self.headers.get('Content-Length') or 0))
+        self.send_response(401)
+        self.send_header('WWW-Authenticate', 'Basic realm="Office"')
+        self.send_header('Content-Length', '0')
+        self.end_headers()
+http.server.ThreadingHTTPServer(('127.0.0.1', int(sys.argv[1])), Refusal).serve_forever()
+)");
+    return {QStringLiteral("/usr/bin/python3"), QStringLiteral("-c"), program,
+            QString::number(port())};
+}
+
 HangingServer::HangingServer() : m_listener(boundSocket()), m_port(portOf(m_listener)) {
     // The kernel answers for who does not accept.
     EXPECT_EQ(::listen(m_listener, SOMAXCONN), 0);

@@ -66,6 +66,15 @@ private:
     [[nodiscard]] QStringList command() const override;
 };
 
+/// Wants a password, and takes none for the right one.
+class RefusingServer : public LoopbackServer {
+public:
+    explicit RefusingServer(const QString &folder);
+
+private:
+    [[nodiscard]] QStringList command() const override;
+};
+
 /// Lets everybody connect and never says a word.
 class HangingServer {
 public:

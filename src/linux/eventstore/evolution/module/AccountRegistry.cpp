@@ -162,22 +162,44 @@ void AccountRegistry::wakeService() {
 
 void AccountRegistry::sourcesChanged(ESourceRegistry * /*registry*/, ESource * /*source*/,
                                      gpointer self) {
-    auto *registry = static_cast<AccountRegistry *>(self);
-    registry->m_relisting.startFor(registry->m_pace.waitAfterChange(ContextTimer::uptime()),
-                                   [registry] {
-                                       registry->m_pace.announced();
-                                       registry->relist();
-                                   });
+    static_cast<AccountRegistry *>(self)->relistSoon();
+}
+
+void AccountRegistry::statusChanged(ESource * /*source*/, GParamSpec * /*property*/,
+                                    gpointer self) {
+    static_cast<AccountRegistry *>(self)->relistSoon();
+}
+
+void AccountRegistry::relistSoon() {
+    m_relisting.startFor(m_pace.waitAfterChange(ContextTimer::uptime()), [this] {
+        m_pace.announced();
+        relist();
+    });
+}
+
+/// The registry does not tell of it.
+void AccountRegistry::followStatus() {
+    unfollowStatus();
+    forEachSource(m_registry.get(), E_SOURCE_EXTENSION_CALENDAR, [this](ESource *source) {
+        g_signal_connect(source, "notify::connection-status", G_CALLBACK(statusChanged), this);
+        m_followed.push_back(anotherReference(source));
+    });
+}
+
+void AccountRegistry::unfollowStatus() {
+    for (const auto &source : m_followed)
+        g_signal_handlers_disconnect_by_data(source.get(), this);
+    m_followed.clear();
 }
 
 /// Where the bus cannot start the service, the library shows an empty registry and waits for it to
 /// come by itself. A real one brings some sources along: nothing counts as deleted by an empty one.
 void AccountRegistry::relist() {
-    GList *const sources = e_source_registry_list_sources(m_registry.get(), nullptr);
-    const bool isReal = sources != nullptr;
-    g_list_free_full(sources, g_object_unref);
+    bool isReal = false;
+    forEachSource(m_registry.get(), nullptr, [&isReal](ESource *) { isReal = true; });
     if (isReal) {
         noteReturn();
+        followStatus();
         return m_listener.listed(listSources(m_registry.get()));
     }
     noteTrouble("the registry of accounts is not there");
@@ -219,6 +241,7 @@ void AccountRegistry::disconnect() {
         g_bus_unwatch_name(std::exchange(m_watch, 0));
     if (m_registry)
         g_signal_handlers_disconnect_by_data(m_registry.get(), this);
+    unfollowStatus();
     m_registry.reset();
     if (m_cancellable)
         g_cancellable_cancel(m_cancellable.get());

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace vantrel {
 
@@ -43,6 +44,8 @@ private:
     static void serviceVanished(GDBusConnection *bus, const gchar *name, gpointer self);
     static void sourcesChanged(ESourceRegistry *registry, ESource *source, gpointer self);
 
+    static void statusChanged(ESource *source, GParamSpec *property, gpointer self);
+
     void connect();
     void adoptBus(GDBusConnection *bus);
     void shareBus();
@@ -51,6 +54,9 @@ private:
     void adopt(ESourceRegistry *registry);
     void wakeService();
     void relist();
+    void relistSoon();
+    void followStatus();
+    void unfollowStatus();
     void fail(const QByteArray &reason);
     void failOpening(const QByteArray &reason);
     void noteReturn();
@@ -62,6 +68,7 @@ private:
     Reference<GDBusConnection> m_bus; ///< Of our own; see `connect`.
     Reference<GDBusConnection> m_sharedBus;
     Reference<ESourceRegistry> m_registry;
+    std::vector<Reference<ESource>> m_followed;
     guint m_watch = 0;
     bool m_isOpening = false;
     ContextTimer m_relisting;

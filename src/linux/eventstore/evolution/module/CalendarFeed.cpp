@@ -146,6 +146,13 @@ void CalendarFeed::noteComplaint(const QByteArray &message) {
             << logText(QString::fromUtf8(message));
 }
 
+void CalendarFeed::noteObstacle(const std::optional<QByteArray> &obstacle) {
+    if (obstacle && std::exchange(m_obstacle, *obstacle) != *obstacle && !obstacle->isEmpty())
+        qCWarning(eventStoreLog).noquote().nospace()
+            << logText(m_surroundings.table.title(m_identifier)) << ": "
+            << QString::fromUtf8(*obstacle) << "; what was read last stays";
+}
+
 void CalendarFeed::noteIf(bool isDifferent) {
     if (isDifferent)
         m_surroundings.noteChange();

@@ -41,6 +41,9 @@ public:
     void start(Window window);
     void setWindow(Window window);
 
+    /// What keeps the calendar from its server, once for the log; see `ListedSource`.
+    void noteObstacle(const std::optional<QByteArray> &obstacle);
+
 private:
     void queue();
     void connect();
@@ -71,6 +74,7 @@ private:
     ContextTimer m_steady; ///< Until it counts as sound again, and pauses begin anew.
     RetryPause m_pause;
     bool m_isTrouble = false;   ///< And the log says so.
+    QByteArray m_obstacle;      ///< Stands in the log.
     QByteArray m_lastComplaint; ///< Stands in the log.
 };
 

@@ -44,13 +44,16 @@ void EvolutionService::take(SourceList list) {
         const QString &identifier = listed.calendar.calendar.calendarIdentifier;
         auto &feed = m_feeds[identifier];
         feed = std::move(before[identifier]);
-        if (feed)
+        if (feed) {
+            feed->noteObstacle(listed.obstacle);
             continue;
+        }
         feed = std::make_shared<CalendarFeed>(listed.uid, identifier,
                                               CalendarFeed::Surroundings{m_registry->bus(), m_table,
                                                                          m_slots[listed.place],
                                                                          [this] { noteChange(); }});
         feed->start(m_window);
+        feed->noteObstacle(listed.obstacle);
     }
     if (m_table.settleRegistry(true))
         noteChange();

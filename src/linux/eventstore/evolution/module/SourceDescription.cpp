@@ -26,14 +26,6 @@ QByteArray backendOf(ESource *source) {
     return takeText(e_source_backend_dup_backend_name(calendar));
 }
 
-template <typename Take>
-void forEachSource(ESourceRegistry *registry, const char *extension, Take take) {
-    GList *const sources = e_source_registry_list_sources(registry, extension);
-    for (GList *link = sources; link; link = link->next)
-        take(static_cast<ESource *>(link->data));
-    g_list_free_full(sources, g_object_unref);
-}
-
 StoreSource accountOf(ESourceRegistry *registry, ESource *source) {
     Reference<ESource> top = anotherReference(source);
     for (int step = 0; step < maximumAncestors; ++step) {
@@ -79,6 +71,19 @@ QString placeOf(ESource *source, const StoreSource &account) {
         e_source_get_extension(source, E_SOURCE_EXTENSION_AUTHENTICATION));
     return account.sourceIdentifier + u' ' +
            QString::fromUtf8(takeText(e_source_authentication_dup_host(server)));
+}
+
+std::optional<QByteArray> obstacleOf(ESource *source) {
+    switch (e_source_get_connection_status(source)) {
+    case E_SOURCE_CONNECTION_STATUS_CONNECTED:
+        return QByteArray();
+    case E_SOURCE_CONNECTION_STATUS_AWAITING_CREDENTIALS:
+        return QByteArray("its server wants another password");
+    case E_SOURCE_CONNECTION_STATUS_SSL_FAILED:
+        return QByteArray("its server's certificate is not trusted");
+    default:
+        return {};
+    }
 }
 
 QStringList identityAddresses(ESourceRegistry *registry) {
@@ -140,8 +145,8 @@ SourceList listSources(ESourceRegistry *registry) {
             SourceCalendar calendar = describe(registry, source);
             calendar.addresses = addresses;
             const QString place = placeOf(source, calendar.calendar.source);
-            list.calendars.push_back(
-                {takeText(e_source_dup_uid(source)), place, std::move(calendar)});
+            list.calendars.push_back({takeText(e_source_dup_uid(source)), place, obstacleOf(source),
+                                      std::move(calendar)});
         }
     });
     list.isAwaitingMore = !silent.empty();

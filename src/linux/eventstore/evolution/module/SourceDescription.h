@@ -8,6 +8,7 @@
 
 #include <libecal/libecal.h>
 
+#include <optional>
 #include <vector>
 
 namespace vantrel {
@@ -19,6 +20,9 @@ struct ListedSource {
     QByteArray uid; ///< What the service calls it.
     /// Where its events come from: calendars of one place stall together.
     QString place;
+    /// What keeps it from its server, for people; empty when it has got there, and absent while
+    /// it has come to neither.
+    std::optional<QByteArray> obstacle;
     SourceCalendar calendar;
 };
 
@@ -30,6 +34,15 @@ struct SourceList {
     /// Whether an account that is to bring calendars has not listed any yet.
     bool isAwaitingMore = false;
 };
+
+/// The sources of a kind, or all of them for null.
+template <typename Take>
+void forEachSource(ESourceRegistry *registry, const char *extension, Take take) {
+    GList *const sources = e_source_registry_list_sources(registry, extension);
+    for (GList *link = sources; link; link = link->next)
+        take(static_cast<ESource *>(link->data));
+    g_list_free_full(sources, g_object_unref);
+}
 
 /// The registry's calendars that are switched on, each with the account that it hangs from: the
 /// topmost source above it. Forecasts of the weather are no events and stay out.
