@@ -133,6 +133,50 @@ TEST_F(EvolutionStore, HasAnOccurrenceFromFarAwayEnterTheWindow) {
     settleTitles(ElementsAre("Brought forward"), "an override brought one forward");
 }
 
+TEST_F(EvolutionStore, LosesAnOccurrenceThatIsExceptedLater) {
+    put(daily());
+    begin();
+    settleTitles(ElementsAre("Weekly", "Weekly"), "the series");
+    put(daily("EXDATE;TZID=Europe/Zurich:20260309T090000\n"));
+    settleTitles(ElementsAre("Weekly"), "one occurrence was taken out");
+}
+
+/// Everything that means something to a path, a query, a shell, a terminal or our own identifiers.
+const QByteArray oddText =
+    "a|b/c:\"d\" 'e' %2F (f) #t *?~\x01\x1B[31m\x7F \xC3\xBC\xE6\x97\xA5 " + QByteArray(900, 'x');
+
+TEST_F(EvolutionStore, FollowsEventsWhateverTheirUidIs) {
+    begin();
+    const auto series = [](const char *start, const char *title) {
+        return event(oddText, QByteArray("DTSTART:") + start +
+                                  "\nRRULE:FREQ=WEEKLY;COUNT=2\nSUMMARY:" + title + "\n");
+    };
+    put(series("20260302T110000Z", "Odd"));
+    settleTitles(ElementsAre("Odd", "Odd"), "it came");
+    for (const StoreEvent &event : events(*store))
+        EXPECT_TRUE(store->eventWithIdentifier(*event.eventIdentifier));
+    put(series("20260303T110000Z", "Moved"));
+    settleTitles(ElementsAre("Moved", "Moved"), "it moved");
+    put(event("plain", "DTSTART:20260302T110000Z\nSUMMARY:Plain\n"));
+    settleTitles(ElementsAre("Plain", "Moved", "Moved"), "another came");
+    write({QStringLiteral("remove"), ownCalendar(), QString::fromUtf8(oddText)});
+    settleTitles(ElementsAre("Plain"), "it went");
+}
+
+/// A source is a file, and its name has an end.
+TEST_F(EvolutionStore, FollowsACalendarWhateverItsUidIs) {
+    QString uid = QString::fromUtf8(oddText.left(180));
+    uid.remove(u'/');
+    session.writeSource(uid, "[Data Source]\nDisplayName=Odd\nEnabled=true\nParent=local-stub\n"
+                             "[Calendar]\nBackendName=local\n");
+    begin();
+    const auto odd = calendar(QStringLiteral("Odd"));
+    ASSERT_TRUE(odd);
+    EXPECT_EQ(odd->calendarIdentifier, QStringLiteral("evolution:") + uid);
+    put(event("one", "DTSTART:20260302T110000Z\nSUMMARY:One\n"), uid);
+    settleTitles(ElementsAre("One"), "what was put there");
+}
+
 TEST_F(EvolutionStore, AnswersLikeAFolderWithTheSameCalendars) {
     const std::vector<QByteArray> texts{
         event("single", "DTSTART:20260302T110000Z\nDTEND:20260302T120000Z\nSUMMARY:Single\n"

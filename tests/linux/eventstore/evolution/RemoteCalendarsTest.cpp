@@ -57,6 +57,17 @@ TEST_F(RemoteCalendars, ShowACalDavAccountAndWhatItsServerGets) {
     refresh(account);
     settleTitles(ElementsAre("Weekly", "Moved"), "an override left the window");
 
+    server.put("one", event("one", "DTSTART:20260303T110000Z\nSUMMARY:Off\nSTATUS:CANCELLED\n"));
+    refresh(account);
+    settleTitles(ElementsAre("Weekly", "Off"), "cancelled");
+    EXPECT_EQ(events(*store).at(1).status, StoreEventStatus::cancelled);
+
+    server.put("weekly",
+               event("weekly", "DTSTART:20260302T080000Z\nRRULE:FREQ=WEEKLY\nSUMMARY:Weekly\n"
+                               "EXDATE:20260302T080000Z\n"));
+    refresh(account);
+    settleTitles(ElementsAre("Off", "Weekly"), "another occurrence was taken out");
+
     server.remove("one");
     refresh(account);
     settleTitles(ElementsAre("Weekly"), "deleted");
@@ -96,6 +107,13 @@ TEST_F(RemoteCalendars, ShowAWebSubscriptionAsSuch) {
                  calendarText(event("h2", "DTSTART;VALUE=DATE:20260305\nSUMMARY:Another\n")));
     refresh(web);
     settleTitles(ElementsAre("Another"), "what the page has become");
+
+    server.write("holidays.ics",
+                 calendarText(event("h2", "DTSTART;VALUE=DATE:20260305\nSUMMARY:Off\n"
+                                          "STATUS:CANCELLED\n")));
+    refresh(web);
+    settleTitles(ElementsAre("Off"), "cancelled");
+    EXPECT_EQ(events(*store).at(0).status, StoreEventStatus::cancelled);
 }
 
 TEST_F(RemoteCalendars, ShowBirthdaysOfTheAddressBook) {
