@@ -36,7 +36,9 @@ ClockWatch::ClockWatch(MainQueue &queue, std::function<void()> report, const QBy
       m_report(std::move(report)),
       m_zone([this](const auto &) { m_report(); }),
       m_calls(std::move(calls)) {
-    m_zone.add(zoneFolder, "localtime");
+    if (!m_zone.add(zoneFolder, "localtime"))
+        qCWarning(eventStoreLog, "another time zone of the system is noticed late (%s)",
+                  std::strerror(errno));
     m_timer = m_calls.create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC);
     if (m_timer < 0 || !arm()) {
         compareInstead(std::strerror(errno));

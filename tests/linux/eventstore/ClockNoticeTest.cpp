@@ -148,6 +148,10 @@ TEST_F(ClockComparisonTest, IsLogged) {
         << log.text();
 }
 
+TEST_F(ClockComparisonTest, IsLoggedForTheZoneToo) {
+    EXPECT_TRUE(log.has("another time zone of the system is noticed late", "")) << log.text();
+}
+
 TEST_F(ClockComparisonTest, SaysNothingWhileTheClockJustRuns) {
     queue.advance(Seconds{3600.0});
     EXPECT_EQ(reports, 0);
