@@ -65,7 +65,7 @@ StoreLoader::StoreLoader(MainQueue &queue, ReaderThreads &threads, StoreConfigur
 void StoreLoader::start() {
     m_clockWatch = std::make_unique<ClockWatch>(
         m_queue, [this] { noteClock(); }, m_configuration.zoneFolder);
-    m_wakeWatch = std::make_unique<WakeWatch>([this] { noteClock(); });
+    m_wakeWatch = std::make_unique<WakeWatch>(m_queue, [this] { noteClock(); });
     m_mountWatch = std::make_unique<MountWatch>([this] { noteMounts(); });
     if (m_configuration.file)
         m_configurationWatch = std::make_unique<ConfigurationWatch>(

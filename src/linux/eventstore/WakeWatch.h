@@ -1,5 +1,7 @@
 #pragma once
 
+#include <platform/MainQueue.h>
+
 #include <QString>
 
 #include <functional>
@@ -9,11 +11,14 @@ namespace vantrel {
 
 /// Hears from the login manager (org.freedesktop.login1) that the machine has woken. Without a
 /// system bus, or a login manager on it, it stays quiet: the kernel's own notice, which
-/// `ClockWatch` hears, is then the only one. Waits for no answer of the bus. Main thread only;
+/// `ClockWatch` hears, is then the only one. A bus that was there and went away is tried again with
+/// growing pauses. Waits for no answer of the bus. Main thread only;
 /// needs an event loop of GLib's, which is what Qt uses unless it is told otherwise.
 class WakeWatch {
 public:
-    explicit WakeWatch(std::function<void()> report, const QString &busAddress = systemBus());
+    /// `queue` outlives the watch.
+    WakeWatch(MainQueue &queue, std::function<void()> report,
+              const QString &busAddress = systemBus());
     ~WakeWatch();
 
     /// The address in DBUS_SYSTEM_BUS_ADDRESS, or the usual one.

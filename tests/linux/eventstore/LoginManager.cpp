@@ -15,28 +15,33 @@ const auto managerName = QStringLiteral("test-manager");
 const auto strangerName = QStringLiteral("test-stranger");
 const auto service = QStringLiteral("org.freedesktop.login1");
 
-void start(QProcess &bus) {
-    bus.start(QStringLiteral("dbus-daemon"),
-              {QStringLiteral("--session"), QStringLiteral("--nofork"),
-               QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")});
-    while (!bus.canReadLine())
-        ASSERT_TRUE(bus.waitForReadyRead(patience)) << bus.readAllStandardError().data();
-}
-
 } // namespace
 
-LoginManager::LoginManager() {
-    start(m_bus);
-    m_address = QString::fromUtf8(m_bus.readLine()).trimmed();
-    m_connection = QDBusConnection::connectToBus(m_address, managerName);
-    EXPECT_TRUE(m_connection.registerService(service));
+LoginManager::LoginManager()
+    : m_address(QStringLiteral("unix:path=") + m_folder.filePath(QStringLiteral("bus"))) {
+    startBus();
 }
 
 LoginManager::~LoginManager() {
+    endBus();
+}
+
+void LoginManager::endBus() {
     QDBusConnection::disconnectFromBus(strangerName);
     QDBusConnection::disconnectFromBus(managerName);
     m_bus.terminate();
     m_bus.waitForFinished(patience);
+}
+
+void LoginManager::startBus() {
+    m_bus.start(QStringLiteral("dbus-daemon"),
+                {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                 QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1"),
+                 QStringLiteral("--address=") + m_address});
+    while (!m_bus.canReadLine())
+        ASSERT_TRUE(m_bus.waitForReadyRead(patience)) << m_bus.readAllStandardError().data();
+    m_connection = QDBusConnection::connectToBus(m_address, managerName);
+    ASSERT_TRUE(m_connection.registerService(service));
 }
 
 QDBusConnection LoginManager::stranger() const {

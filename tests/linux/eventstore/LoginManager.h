@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QProcess>
 #include <QString>
+#include <QTemporaryDir>
 
 namespace vantrel::tests {
 
@@ -21,6 +22,12 @@ public:
     /// Another program on the same bus; goes with this object.
     [[nodiscard]] QDBusConnection stranger() const;
 
+    /// The bus goes away, with all that are on it.
+    void endBus();
+
+    /// A bus at the same address, with the login manager on it.
+    void startBus();
+
     /// Hands the name to that program, as after a restart of the service.
     void passNameTo(QDBusConnection &next);
 
@@ -36,6 +43,7 @@ public:
     void awaitReceipt() const;
 
 private:
+    QTemporaryDir m_folder;
     QProcess m_bus;
     QString m_address;
     QDBusConnection m_connection{QStringLiteral("none")};

@@ -35,6 +35,16 @@ protected:
         EXPECT_EQ(reports, count);
     }
 
+    /// Lets the event loop run until the condition holds; the clock stands still.
+    template <typename Condition>
+    void settle(Condition condition) {
+        const QDeadlineTimer deadline(patience);
+        while (!condition()) {
+            ASSERT_FALSE(deadline.hasExpired()) << log.text();
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+    }
+
     static void awaitListening(const WakeWatch &watch) {
         const QDeadlineTimer deadline(patience);
         while (!watch.isListening() && !deadline.hasExpired())
@@ -42,13 +52,15 @@ protected:
         ASSERT_TRUE(watch.isListening());
     }
 
+    fakes::ManualMainQueue queue{fakes::at("2026-03-02T08:00:00")};
     LoginManager manager;
     CapturedLog log;
     int reports = 0;
 };
 
 TEST_F(WakeWatchTest, TellsThatTheMachineWokeAndNotThatItGoesToSleep) {
-    const WakeWatch watch([this] { ++reports; }, manager.address());
+    const WakeWatch watch(
+        queue, [this] { ++reports; }, manager.address());
     awaitListening(watch);
     manager.announceSleep();
     manager.announceWaking();
@@ -60,7 +72,8 @@ TEST_F(WakeWatchTest, TellsThatTheMachineWokeAndNotThatItGoesToSleep) {
 }
 
 TEST_F(WakeWatchTest, BelievesTheLoginManagerAlone) {
-    const WakeWatch watch([this] { ++reports; }, manager.address());
+    const WakeWatch watch(
+        queue, [this] { ++reports; }, manager.address());
     awaitListening(watch);
     LoginManager::send(manager.stranger(), false);
     LoginManager::send(manager.connection(), false, QStringLiteral("/elsewhere"));
@@ -69,7 +82,8 @@ TEST_F(WakeWatchTest, BelievesTheLoginManagerAlone) {
 }
 
 TEST_F(WakeWatchTest, HearsALoginManagerThatStartsAgain) {
-    const WakeWatch watch([this] { ++reports; }, manager.address());
+    const WakeWatch watch(
+        queue, [this] { ++reports; }, manager.address());
     awaitListening(watch);
     QDBusConnection next = manager.stranger();
     manager.passNameTo(next);
@@ -78,10 +92,40 @@ TEST_F(WakeWatchTest, HearsALoginManagerThatStartsAgain) {
     expectReports(1);
 }
 
+TEST_F(WakeWatchTest, HearsTheLoginManagerOnABusThatCameBack) {
+    const WakeWatch watch(
+        queue, [this] { ++reports; }, manager.address());
+    awaitListening(watch);
+    manager.endBus();
+    settle([&] { return !watch.isListening(); });
+    EXPECT_TRUE(log.has("the system bus went away", "")) << log.text();
+    manager.startBus();
+    queue.advance(Seconds{1.0});
+    awaitListening(watch);
+    EXPECT_TRUE(log.has("the system bus is back", "")) << log.text();
+    manager.announceWaking();
+    expectReports(1);
+}
+
+TEST_F(WakeWatchTest, TriesABusThatWentAwayWithGrowingPauses) {
+    const WakeWatch watch(
+        queue, [this] { ++reports; }, manager.address());
+    awaitListening(watch);
+    manager.endBus();
+    for (const double pause : {1.0, 2.0, 4.0, 8.0}) {
+        settle([this] { return queue.pendingCount() == 1; });
+        queue.advance(Seconds{pause - 0.01});
+        EXPECT_EQ(queue.pendingCount(), 1U) << pause;
+        queue.advance(Seconds{0.02});
+        EXPECT_EQ(queue.pendingCount(), 0U) << pause;
+    }
+    settle([this] { return queue.pendingCount() == 1; });
+    EXPECT_EQ(log.lines().size(), 1U) << log.text();
+}
+
 TEST_F(WakeWatchTest, TheStoreAnnouncesThatTheMachineWoke) {
     const QByteArray before = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", manager.address().toUtf8());
-    fakes::ManualMainQueue queue(fakes::at("2026-03-02T08:00:00"));
     LocalEventStore store(
         queue, StoreConfiguration(), [] { return fakes::calendarIn("UTC"); },
         StoreAccess::granted());
@@ -105,8 +149,8 @@ TEST_F(WakeWatchTest, WaitsForNoBusThatTakesCallsAndNeverAnswers) {
     QLocalServer mute;
     ASSERT_TRUE(mute.listen(folder.filePath(QStringLiteral("bus"))));
     {
-        const WakeWatch watch([this] { ++reports; },
-                              QStringLiteral("unix:path=") + mute.fullServerName());
+        const WakeWatch watch(
+            queue, [this] { ++reports; }, QStringLiteral("unix:path=") + mute.fullServerName());
         const QDeadlineTimer deadline(patience);
         while (!mute.hasPendingConnections() && !deadline.hasExpired())
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -118,7 +162,8 @@ TEST_F(WakeWatchTest, WaitsForNoBusThatTakesCallsAndNeverAnswers) {
 
 TEST_F(WakeWatchTest, SaysNothingOnceItIsGone) {
     {
-        const WakeWatch watch([this] { ++reports; }, manager.address());
+        const WakeWatch watch(
+            queue, [this] { ++reports; }, manager.address());
         awaitListening(watch);
     }
     manager.announceWaking();
@@ -127,11 +172,14 @@ TEST_F(WakeWatchTest, SaysNothingOnceItIsGone) {
 
 TEST(WakeWatchWithoutBusTest, StaysQuiet) {
     const CapturedLog log;
-    const WakeWatch watch([] {}, QStringLiteral("unix:path=/nonexistent/bus"));
+    fakes::ManualMainQueue queue(fakes::at("2026-03-02T08:00:00"));
+    const WakeWatch watch(
+        queue, [] {}, QStringLiteral("unix:path=/nonexistent/bus"));
     const QDeadlineTimer deadline(patience);
     while (!log.has("no system bus", "") && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     EXPECT_TRUE(log.has("no system bus", "")) << log.text();
+    EXPECT_EQ(queue.pendingCount(), 0U);
 }
 
 } // namespace
