@@ -150,8 +150,11 @@ protected:
         set("LANG", language);
     }
 
+    /// By the calendar of a program that has set no locale of its own.
     static QString time() {
-        return LocalCalendar(QTimeZone::utc(), QLocale::system()).shortTime(wednesday);
+        EXPECT_EQ(LocalCalendar(QTimeZone::utc(), QLocale::system()).shortTime(wednesday),
+                  LocalCalendar(QTimeZone::utc(), QLocale()).shortTime(wednesday));
+        return LocalCalendar(QTimeZone::utc(), QLocale()).shortTime(wednesday);
     }
 
 private:
