@@ -1,6 +1,8 @@
 #include "AppCoordinator.h"
 
 #include <links/JoinOpener.h>
+#include <menubar/PopoverContents.h>
+#include <menubar/UpcomingMenuTarget.h>
 #include <takeover/DemoTakeover.h>
 
 #include <utility>
@@ -35,7 +37,14 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
                               [this] { handleCalendarStoreChanged(); }),
       m_calendarSnapshot(m_calendarRepository.currentSnapshot()) {}
 
+AppCoordinator::~AppCoordinator() {
+    UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
+    target.previewTakeoverHandler = {};
+    target.quitHandler = {};
+}
+
 void AppCoordinator::start() {
+    makePopover();
     startMenuBar();
     m_calendarChangeMonitor.start();
     m_takeoverTriggerScheduler.start();
@@ -46,8 +55,29 @@ void AppCoordinator::start() {
         requestCalendarAccess();
 }
 
+void AppCoordinator::makePopover() {
+    UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
+    target.previewTakeoverHandler = [this] { previewTakeover(std::nullopt); };
+    target.quitHandler = m_services.terminate;
+    m_popupMenu = std::make_unique<PopupMenu>(m_services.popups, m_preferences, m_services.queue,
+                                              m_services.currentCalendar);
+    m_popoverModel = std::make_unique<PopoverModel>(
+        m_upcomingEventsViewModel, m_preferences, m_services.currentCalendar,
+        PopoverModel::Actions{[this](const UpcomingEvent &event) { handleJoin(event); },
+                              [this](QPoint click) {
+                                  m_popupMenu->show(UpcomingMenuTarget::shared().menu(), click);
+                              }});
+    m_upcomingEventsPopover = std::make_unique<UpcomingEventsPopover>(
+        m_services.popups, upcomingEventsContent(*m_popoverModel), m_upcomingEventsViewModel,
+        m_services.queue);
+}
+
 void AppCoordinator::startMenuBar() {
     MenuBarController::Actions actions;
+    actions.leftClick = [this](const auto &place) { m_upcomingEventsPopover->toggle(place); };
+    actions.showMenu = [this](const Menu &menu, const auto &place) {
+        m_popupMenu->show(menu, PopupPlace{place, PopupAlignment::leading});
+    };
     actions.quit = m_services.terminate;
     m_menuBar = std::make_unique<MenuBarController>(m_services.statusBar, m_preferences, m_query,
                                                     m_services.queue, std::move(actions));
@@ -60,6 +90,7 @@ void AppCoordinator::startMenuBar() {
 void AppCoordinator::stop() {
     m_takeoverTriggerScheduler.stop();
     m_calendarChangeMonitor.stop();
+    closePopups();
     m_takeoverWindowController.hide();
     if (m_menuBar)
         m_menuBar->stop();
@@ -71,12 +102,21 @@ void AppCoordinator::takeRequest(ActivationRequest request) {
         m_preferences.setIsPaused(!m_preferences.isPaused());
         break;
     case ActivationRequest::showPopover:
+        m_upcomingEventsPopover->show(std::nullopt);
+        break;
     case ActivationRequest::showPreferences:
         break; // There is no such window.
     case ActivationRequest::quit:
         m_services.terminate();
         break;
     }
+}
+
+void AppCoordinator::closePopups() {
+    if (m_popupMenu)
+        m_popupMenu->close();
+    if (m_upcomingEventsPopover)
+        m_upcomingEventsPopover->close();
 }
 
 void AppCoordinator::handleCalendarStoreChanged() {
@@ -120,9 +160,11 @@ void AppCoordinator::handleJoin(const UpcomingEvent &event) {
     else
         return;
     m_rescueLog.recordRescue(RescueSource::popover);
+    closePopups();
 }
 
 void AppCoordinator::previewTakeover(std::optional<Theme> themeOverride) {
+    closePopups();
     const Theme theme = themeOverride.value_or(m_preferences.selectedTheme());
     const auto nothing = [] {};
     m_takeoverWindowController.show(

@@ -8,10 +8,14 @@
 #include <calendar/UpcomingEventsQuery.h>
 #include <copy/TemplateCopyProvider.h>
 #include <menubar/MenuBarController.h>
+#include <menubar/PopoverModel.h>
+#include <menubar/PopupMenu.h>
+#include <menubar/UpcomingEventsPopover.h>
 #include <menubar/UpcomingEventsViewModel.h>
 #include <platform/Activation.h>
 #include <platform/LocalCalendar.h>
 #include <platform/MainQueue.h>
+#include <platform/Popups.h>
 #include <platform/Published.h>
 #include <platform/ScreenLayout.h>
 #include <platform/ShieldingPanels.h>
@@ -40,6 +44,7 @@ struct AppServices {
     ScreenLayout &screenLayout;
     ShieldingPanels &panels;
     StatusBar &statusBar;
+    Popups &popups;
     CurrentCalendar currentCalendar;
     std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
@@ -52,6 +57,7 @@ public:
     /// of the latter's store. The rescue log is kept in the file at `rescueLogFile`.
     AppCoordinator(PreferencesStore &preferences, CalendarAccess &calendarAccess,
                    const AppServices &services, const QString &rescueLogFile);
+    ~AppCoordinator();
     AppCoordinator(const AppCoordinator &) = delete;
     AppCoordinator &operator=(const AppCoordinator &) = delete;
 
@@ -62,12 +68,12 @@ public:
     /// Ends what `start` began and takes down what is shown.
     void stop();
 
-    /// Opens the event's video link, else dials its number, and counts a rescue; an event with
-    /// neither opens nothing and counts nothing.
+    /// Opens the event's video link, else dials its number, counts a rescue and closes the popover;
+    /// for an event with neither nothing happens.
     void handleJoin(const UpcomingEvent &event);
 
-    /// Shows what a takeover looks like, in the selected theme or in another one. Nothing comes of
-    /// the answer. While a takeover is up nothing happens.
+    /// Closes the popover and shows what a takeover looks like, in the selected theme or in another
+    /// one. Nothing comes of the answer. While a takeover is up none is shown.
     void previewTakeover(std::optional<Theme> themeOverride);
 
     /// What the program is asked from outside. It has been started. A window that there is not is
@@ -77,6 +83,11 @@ public:
     /// Has the user asked for access to their calendars, if need be. The answer comes later, or
     /// never.
     void requestCalendarAccess();
+
+    /// What the popover lists.
+    [[nodiscard]] const UpcomingEventsViewModel &upcomingEventsViewModel() const {
+        return m_upcomingEventsViewModel;
+    }
 
     /// The calendars by account, as of the last change; empty without access.
     [[nodiscard]] const CalendarRepository::Snapshot &calendarSnapshot() const {
@@ -99,7 +110,9 @@ public:
     }
 
 private:
+    void makePopover();
     void startMenuBar();
+    void closePopups();
     void handleCalendarStoreChanged();
     void takeAccess(CalendarAccess::Status status);
 
@@ -117,7 +130,11 @@ private:
     TakeoverTriggerScheduler m_takeoverTriggerScheduler;
     CalendarChangeMonitor m_calendarChangeMonitor;
     Published<CalendarRepository::Snapshot> m_calendarSnapshot;
-    std::unique_ptr<MenuBarController> m_menuBar;            ///< From `start` on.
+    // From `start` on.
+    std::unique_ptr<PopupMenu> m_popupMenu; ///< The popover's and the status item's.
+    std::unique_ptr<PopoverModel> m_popoverModel;
+    std::unique_ptr<UpcomingEventsPopover> m_upcomingEventsPopover;
+    std::unique_ptr<MenuBarController> m_menuBar;
     std::shared_ptr<char> m_life = std::make_shared<char>(); ///< An answer may come after the end.
 };
 

@@ -9,6 +9,7 @@
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
 #include <linux/mainqueue/QtMainQueue.h>
+#include <linux/popup/QtPopups.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
 #include <linux/statusitem/DesktopStatusBar.h>
@@ -131,9 +132,10 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     QtScreenLayout screenLayout(queue);
     QtShieldingPanels panels(queue, views);
     DesktopStatusBar statusBar(queue, symbolArt());
+    QtPopups popups(views);
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
-                               {queue, defaults, workspace, screenLayout, panels, statusBar,
+                               {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
                                 currentCalendar, &QGuiApplication::quit},
                                rescueLogFile(command.profile));
 

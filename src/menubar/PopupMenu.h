@@ -30,13 +30,14 @@ public:
     /// In the corner where the status area usually is.
     void show(Menu menu);
 
+    void show(Menu menu, const PopupPlace &place);
+
     /// Harmless when it is not shown.
     void close() { m_popup->close(); }
 
     [[nodiscard]] bool isShown() const { return m_popup->isShown(); }
 
 private:
-    void show(Menu menu, const PopupPlace &place);
     void choose(const std::function<void()> &action);
 
     const PreferencesStore &m_preferences;

@@ -6,6 +6,7 @@
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
 #include <fakes/RecordingPanels.h>
+#include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
@@ -75,7 +76,7 @@ protected:
     void start() {
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
-            AppServices{queue, defaults, workspace, screens, panels, statusBar,
+            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups,
                         [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
@@ -92,6 +93,7 @@ protected:
     fakes::FakeScreens screens;
     fakes::RecordingPanels panels;
     fakes::RecordingStatusBar statusBar;
+    fakes::RecordingPopups popups;
     int terminations = 0;
     std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
     CalendarAccess access{store};

@@ -10,6 +10,7 @@
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
 #include <fakes/RecordingPanels.h>
+#include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
@@ -124,6 +125,7 @@ private:
     fakes::FakeScreens m_screens;
     fakes::RecordingPanels m_panels;
     fakes::RecordingStatusBar m_statusBar;
+    fakes::RecordingPopups m_popups;
     std::unique_ptr<CalendarAccess> m_access;
     std::unique_ptr<AppCoordinator> m_coordinator;
     Subscription m_subscription;

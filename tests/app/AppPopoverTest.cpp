@@ -1,0 +1,213 @@
+#include "CoordinatorFixture.h"
+
+#include <menubar/MenuModel.h>
+#include <menubar/PopoverModel.h>
+#include <menubar/UpcomingMenuTarget.h>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+namespace {
+
+using fakes::at;
+
+class AppPopoverTest : public CoordinatorFixture {
+protected:
+    StoreEvent &addVideoCall(const char *title, const char *start) {
+        StoreEvent &event = addMeeting(title, at(start));
+        event.location = QStringLiteral("https://us02web.zoom.us/j/81234567890");
+        return event;
+    }
+
+    void click(const StatusItemClick &click = {PointerButton::left, false, QRect(100, 0, 24, 24)}) {
+        statusBar.items.at(0)->listener.clicked(click);
+    }
+
+    /// The popup with that view, which must be shown.
+    const fakes::RecordingPopups::Record &shown(const char *view) const {
+        for (const auto &popup : popups.shown()) {
+            if (popup->content.typeName == QLatin1String(view))
+                return *popup;
+        }
+        throw std::logic_error("it is not shown");
+    }
+
+    template <typename Model>
+    static Model &modelOf(const fakes::RecordingPopups::Record &popup) {
+        auto *object =
+            popup.content.properties.value(QStringLiteral("viewModel")).value<QObject *>();
+        return *qobject_cast<Model *>(object);
+    }
+
+    PopoverModel &popoverModel() const {
+        return modelOf<PopoverModel>(shown("UpcomingEventsView"));
+    }
+    MenuModel &menuModel() const { return modelOf<MenuModel>(shown("MenuView")); }
+
+    /// The lines of the menu that is shown: "-" for a separator, in brackets what cannot be chosen.
+    std::vector<std::string> menuLines() const {
+        std::vector<std::string> lines;
+        const MenuModel &menu = menuModel();
+        for (int row = 0; row < menu.rowCount(); ++row) {
+            const auto role = [&](int wanted) { return menu.data(menu.index(row), wanted); };
+            const QString title = role(MenuModel::TitleRole).toString();
+            lines.push_back(role(MenuModel::IsSeparatorRole).toBool() ? "-"
+                            : role(MenuModel::IsEnabledRole).toBool()
+                                ? title.toStdString()
+                                : '(' + title.toStdString() + ')');
+        }
+        return lines;
+    }
+
+    std::size_t listed() const {
+        std::size_t count = 0;
+        for (const DayGroup &group : coordinator->upcomingEventsViewModel().groups())
+            count += group.events.size();
+        return count;
+    }
+};
+
+TEST_F(AppPopoverTest, ShowsThePopoverAtTheItemAndClosesItOnTheNextClick) {
+    start();
+    EXPECT_TRUE(popups.shown().empty());
+    click();
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_EQ(shown("UpcomingEventsView").places.back().anchor, QRect(100, 0, 24, 24));
+    click();
+    EXPECT_TRUE(popups.shown().empty());
+}
+
+TEST_F(AppPopoverTest, ShowsThePopoverWhenAskedFromOutside) {
+    start();
+    coordinator->takeRequest(ActivationRequest::showPopover);
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_EQ(shown("UpcomingEventsView").places.back().anchor, std::nullopt);
+    coordinator->takeRequest(ActivationRequest::showPopover);
+    EXPECT_EQ(popups.shown().size(), 1U);
+}
+
+TEST_F(AppPopoverTest, ListsWhatTheCalendarsHoldWheneverItIsShown) {
+    addVideoCall("Review", "2026-03-02T10:00:00");
+    start();
+    click();
+    EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(AppPopoverTest, FollowsAChangeOfTheCalendarsWhileItIsShown) {
+    start();
+    click();
+    addVideoCall("Review", "2026-03-02T10:00:00");
+    announceChange();
+    EXPECT_EQ(listed(), 1U);
+    remove("work");
+    store.storedEvents.clear();
+    announceChange();
+    EXPECT_EQ(listed(), 0U);
+}
+
+TEST_F(AppPopoverTest, ListsAtOnceWhatAccessMakesReadable) {
+    addVideoCall("Review", "2026-03-02T10:00:00");
+    store.authorization = StoreAuthorization::notDetermined;
+    start();
+    EXPECT_EQ(listed(), 0U);
+    store.authorization = StoreAuthorization::fullAccess;
+    store.accessRequests.front()(true, {});
+    EXPECT_EQ(listed(), 1U);
+}
+
+TEST_F(AppPopoverTest, OpensTheLinkOfTheRowThatIsJoinedAndCloses) {
+    addVideoCall("Review", "2026-03-02T10:00:00");
+    start();
+    click();
+    popoverModel().join(0);
+    ASSERT_EQ(workspace.opened.size(), 1U);
+    EXPECT_EQ(workspace.opened[0].url, u"https://us02web.zoom.us/j/81234567890");
+    EXPECT_TRUE(popups.shown().empty());
+}
+
+TEST_F(AppPopoverTest, StaysOpenWhenThereIsNothingToJoin) {
+    start();
+    click();
+    coordinator->handleJoin(UpcomingEvent{});
+    EXPECT_EQ(popups.shown().size(), 1U);
+    UpcomingEvent call;
+    call.phoneLink = MeetingLink::phone(QStringLiteral("+41 44 668 18 00"));
+    coordinator->handleJoin(call);
+    EXPECT_TRUE(popups.shown().empty());
+}
+
+TEST_F(AppPopoverTest, OffersInItsMenuJustWhatThereIs) {
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    ASSERT_EQ(popups.shown().size(), 2U);
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(This week's rescues)", "(Preferences…)",
+                                                     "Preview takeover", "-", "Quit Vantrel"}));
+}
+
+TEST_F(AppPopoverTest, PreviewsATakeoverFromItsMenuInPlaceOfThePopover) {
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    menuModel().choose(2);
+    queue.runDue();
+    EXPECT_TRUE(popups.shown().empty());
+    EXPECT_EQ(panels.shown().size(), 1U);
+}
+
+TEST_F(AppPopoverTest, QuitsFromItsMenu) {
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    EXPECT_TRUE(menuModel().chooseByKey(QStringLiteral("q")));
+    queue.runDue();
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(AppPopoverTest, PausesAndResumesAlerts) {
+    start();
+    click();
+    popoverModel().togglePaused();
+    queue.runDue();
+    EXPECT_EQ(statusBar.items.at(0)->image, u"pawprint");
+    popoverModel().togglePaused();
+    queue.runDue();
+    EXPECT_EQ(statusBar.items.at(0)->image, u"pawprint.fill");
+}
+
+TEST_F(AppPopoverTest, ShowsTheItemsMenuOnARightClickAndNoPopover) {
+    start();
+    click({PointerButton::right, false, QRect(100, 0, 24, 24)});
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_EQ(shown("MenuView").places.back().anchor, QRect(100, 0, 24, 24));
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(Preferences…)", "(Check for Updates…)", "-",
+                                                     "Quit Vantrel"}));
+    menuModel().choose(3);
+    queue.runDue();
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(AppPopoverTest, ClosesEverythingWhenStopped) {
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    coordinator->stop();
+    EXPECT_FALSE(popups.popups.at(0)->isShown);
+    EXPECT_FALSE(popups.popups.at(1)->isShown);
+    EXPECT_EQ(queue.pendingCount(), 0U);
+}
+
+TEST_F(AppPopoverTest, LeavesNoHandlerBehindAtItsEnd) {
+    start();
+    coordinator.reset();
+    EXPECT_FALSE(UpcomingMenuTarget::shared().previewTakeoverHandler);
+    EXPECT_FALSE(UpcomingMenuTarget::shared().quitHandler);
+}
+
+} // namespace
+} // namespace vantrel
