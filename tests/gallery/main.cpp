@@ -6,24 +6,32 @@
 #include <QGuiApplication>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace {
 
 using namespace vantrel::gallery;
 
-int write(const std::vector<Scene> &scenes, const QString &only, const QDir &folder) {
+bool isWanted(const Scene &scene, const QStringList &only) {
+    return only.isEmpty() || std::any_of(only.begin(), only.end(), [&scene](const QString &text) {
+               return scene.name.contains(text);
+           });
+}
+
+int write(const std::vector<Scene> &scenes, const QStringList &only, const QDir &folder) {
     QTextStream out(stdout);
     if (!folder.mkpath(QStringLiteral("."))) {
         out << "cannot make " << folder.path() << '\n';
         return 1;
     }
     for (const Scene &scene : scenes) {
-        if (!scene.name.contains(only))
+        if (!isWanted(scene, only))
             continue;
         const double scale = qGuiApp->devicePixelRatio();
         const QString density = scale == 1.0 ? QString() : QStringLiteral("@%1x").arg(scale);
         const QString file = folder.filePath(scene.name + density + QStringLiteral(".png"));
         bool isSaved = false;
-        scene.show([&](Stage &stage) { isSaved = stage.picture().save(file); });
+        scene.show([&](Stage &stage) { isSaved = stage.picture().save(file, "PNG", 0); });
         if (!isSaved) {
             out << "cannot write " << file << '\n';
             return 1;
@@ -33,9 +41,9 @@ int write(const std::vector<Scene> &scenes, const QString &only, const QDir &fol
     return 0;
 }
 
-int show(const std::vector<Scene> &scenes, const QString &only) {
+int show(const std::vector<Scene> &scenes, const QStringList &only) {
     for (const Scene &scene : scenes) {
-        if (!scene.name.contains(only))
+        if (!isWanted(scene, only))
             continue;
         scene.show([&](Stage &stage) {
             stage.show();
@@ -62,9 +70,10 @@ int main(int argc, char **argv) {
     const QCommandLineOption writeOption(QStringLiteral("write"),
                                          QStringLiteral("Write PNG pictures to <folder>."),
                                          QStringLiteral("folder"));
-    const QCommandLineOption onlyOption(QStringLiteral("only"),
-                                        QStringLiteral("Only scenes whose name contains <text>."),
-                                        QStringLiteral("text"));
+    const QCommandLineOption onlyOption(
+        QStringLiteral("only"),
+        QStringLiteral("Only scenes whose name contains <text>; may be given again."),
+        QStringLiteral("text"));
     const QCommandLineOption listOption(QStringLiteral("list"),
                                         QStringLiteral("Print the names of the scenes."));
     parser.addOptions({writeOption, onlyOption, listOption});
@@ -73,7 +82,7 @@ int main(int argc, char **argv) {
     auto scenes = takeoverScenes();
     for (const auto &more : {consentScenes(), popoverScenes(), recapScenes()})
         scenes.insert(scenes.end(), more.begin(), more.end());
-    const QString only = parser.value(onlyOption);
+    const QStringList only = parser.values(onlyOption);
     if (parser.isSet(listOption)) {
         for (const Scene &scene : scenes)
             QTextStream(stdout) << scene.name << '\n';
