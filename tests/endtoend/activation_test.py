@@ -9,7 +9,7 @@ import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "panel"))
 
-from desktop import Agent, Desktop
+from desktop import Agent, Desktop, within
 from panel_process import PanelProcess
 
 VANTREL = os.environ["VANTREL"]
@@ -33,6 +33,10 @@ class ActivationTest(unittest.TestCase):
         self.assertEqual(self.start_again(), 0)
         self.assertEqual(self.panel.do("properties")["Id"], "vantrel")
         self.assertIsNone(self.agent.process.poll())
+
+    def test_shows_the_list_of_the_running_one(self):
+        self.assertEqual(self.start_again(), 0)
+        within(20, lambda: self.desktop.windows(name="^Vantrel$"), "the list is shown")
 
     def test_carries_out_the_actions_of_the_desktop_entry(self):
         self.assertEqual(self.start_again("--action", "pause"), 0)
