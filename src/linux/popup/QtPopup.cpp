@@ -10,6 +10,7 @@
 #include <platform/Log.h>
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <QQuickItem>
 #include <QScreen>
 
@@ -126,8 +127,8 @@ void QtPopup::arrange() {
     if (!m_isShown || !m_screen)
         return;
     const PopupArea area{m_screen->geometry(), m_screen->availableGeometry()};
-    const QRect frame =
-        placePopup(m_place, wantedSize(*m_item), area, QGuiApplication::layoutDirection());
+    // The application's own direction follows a translation, of which there may be none.
+    const QRect frame = placePopup(m_place, wantedSize(*m_item), area, QLocale().textDirection());
     m_window->setGeometry(frame);
     m_item->setSize(frame.size());
 }

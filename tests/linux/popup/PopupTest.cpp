@@ -181,5 +181,15 @@ TEST_P(PopupTest, NeedsNoAnchor) {
     EXPECT_EQ(window->geometry(), QRect(screen.right() - 207, screen.top() + 8, 200, 100));
 }
 
+TEST_P(PopupTest, IsMirroredWhereReadingGoesToTheLeft) {
+    const QLocale former;
+    QLocale::setDefault(QLocale(QLocale::Arabic));
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_EQ(show(*popup, {})->geometry().topLeft(), screen.topLeft() + QPoint(8, 8));
+    const PopupPlace leading{QRect(250, 60, 0, 0), PopupAlignment::leading};
+    EXPECT_EQ(show(*popup, leading)->geometry(), QRect(50, 60, 200, 100));
+    QLocale::setDefault(former);
+}
+
 } // namespace
 } // namespace vantrel::tests
