@@ -8,6 +8,7 @@
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
+#include <linux/eventstore/folders/FolderDescription.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopups.h>
 #include <linux/shield/QtScreenLayout.h>
@@ -23,6 +24,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 
@@ -154,7 +156,8 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
 std::optional<QString> unreadable(const QStringList &paths) {
     for (const QString &path : paths) {
         const QFileInfo info(path);
-        const bool isCalendarFile = info.isFile() && info.suffix() == u"ics";
+        const bool isCalendarFile =
+            info.isFile() && hasCalendarSuffix(QFile::encodeName(info.fileName()));
         if (!info.isReadable() || !(info.isDir() || isCalendarFile))
             return path;
     }

@@ -87,6 +87,10 @@ class AgendaTest(unittest.TestCase):
         self.assertEqual(self.starts(single), [noon, one])
         self.assertEqual(self.starts(first.parent.parent, single), [ten, eleven, noon, one])
 
+    def test_takes_a_file_whose_name_ends_in_capitals(self):
+        single = self.write("C.ICS", calendar(event("c", "DTSTART:20260302T110000Z")))
+        self.assertEqual(self.starts(single), ["2026-03-02T12:00:00+01:00"])
+
     def test_lists_from_now_inclusive_to_the_horizon(self):
         file = self.write("a.ics", calendar(
             event("before", "DTSTART:20260302T065959Z", "DTEND:20260302T090000Z"),
