@@ -22,6 +22,19 @@ protected:
                                 files.path(QStringLiteral("etc/localtime"))));
     }
 
+    void writeDailyMeeting() const {
+        files.write(QStringLiteral("work/a.ics"),
+                    calendarText(event("w", "DTSTART:20260101T110000Z\nRRULE:FREQ=DAILY\n")));
+    }
+
+    /// When the last of those meetings begins that the window reaches.
+    Instant last() const {
+        return live
+            ->events(at("2026-03-01T00:00:00"), at("2026-12-01T00:00:00"), identifiers(*live))
+            .back()
+            .startDate;
+    }
+
     std::unique_ptr<LocalEventStore> storeWithZoneFile() {
         QDir().mkpath(files.path(QStringLiteral("etc")));
         StoreConfiguration configuration;
@@ -78,15 +91,8 @@ TEST_F(ClockNoticeTest, ReadsWholeDaysAgainAsSoonAsTheSystemsZoneIsAnother) {
 
 TEST_F(ClockNoticeTest, MovesTheWindowRightAtTheUsersMidnight) {
     startWithinTheQuarter();
-    files.write(QStringLiteral("work/a.ics"),
-                calendarText(event("w", "DTSTART:20260101T110000Z\nRRULE:FREQ=DAILY\n")));
+    writeDailyMeeting();
     begin({QStringLiteral("work")});
-    const auto last = [this] {
-        return live
-            ->events(at("2026-03-01T00:00:00"), at("2026-12-01T00:00:00"), identifiers(*live))
-            .back()
-            .startDate;
-    };
     EXPECT_EQ(last(), at("2026-03-18T11:00:00"));
     queue.advanceTo(at("2026-03-02T23:59:59.5", zone));
     settleAtOnce();
@@ -100,8 +106,7 @@ TEST_F(ClockNoticeTest, MovesTheWindowRightAtTheUsersMidnight) {
 }
 
 TEST_F(ClockNoticeTest, WaitsForMidnightInTheZoneThatTheUserMovedTo) {
-    files.write(QStringLiteral("work/a.ics"),
-                calendarText(event("w", "DTSTART:20260101T110000Z\nRRULE:FREQ=DAILY\n")));
+    writeDailyMeeting();
     startWithinTheQuarter();
     begin({QStringLiteral("work")});
     zone = "Asia/Tokyo"; // Where midnight comes earlier.
@@ -115,16 +120,16 @@ TEST_F(ClockNoticeTest, WaitsForMidnightInTheZoneThatTheUserMovedTo) {
 }
 
 TEST_F(ClockNoticeTest, FindsMidnightOnADayOf23Hours) {
-    queue.jumpWallTo(at("2026-03-29T00:30:00", zone));
-    begin({QStringLiteral("none")});
-    queue.advanceTo(at("2026-03-29T23:59:59", zone));
+    queue.jumpWallTo(at("2026-03-29T00:07:00", zone));
+    writeDailyMeeting();
+    begin({QStringLiteral("work")});
+    EXPECT_EQ(last(), at("2026-04-14T11:00:00"));
+    queue.advanceTo(at("2026-03-29T23:59:59.5", zone));
     settleAtOnce();
-    const int before = changes;
-    files.write(QStringLiteral("unrelated"), "x");
-    queue.advance(Seconds{1.0});
-    settleAtOnce();
-    EXPECT_EQ(changes, before) << "a store without calendars has nothing to announce";
-    EXPECT_EQ(queue.pendingCount(), pendingAtRest);
+    EXPECT_EQ(changes, 1);
+    queue.advance(Seconds{0.5});
+    settle([this] { return changes == 2; });
+    EXPECT_EQ(last(), at("2026-04-15T11:00:00"));
 }
 
 /// A watch that got no timer of the kernel's, which tells of the clock otherwise.
