@@ -25,9 +25,9 @@ class StoreLoader;
 ///
 /// Answers know a window of time around now (see `StoreConfiguration`), which moves along with the
 /// clock; what lies outside is not answered. `changed` is announced when calendars or events
-/// change, and when the machine wakes or its clock or time zone is set. Changes are not announced
-/// twice within 0.6 s, so that who waits for half a second of quiet is not kept waiting by a file
-/// that is written all the time.
+/// change, and when the machine wakes or its clock or time zone is set. Changes of calendars are
+/// not announced twice within 0.6 s, so that who waits for half a second of quiet is not kept
+/// waiting by a file that is written all the time; what comes of the clock is announced at once.
 ///
 /// Nothing is read, listed, watched or loaded before the user allowed it.
 class LocalEventStore : public EventStore {

@@ -77,9 +77,11 @@ struct SourceKnowledge {
 
 /// A place that calendars come from. It hands out iCalendar texts and does no calendar arithmetic.
 ///
-/// `setWindow`, `start` and `changed` belong to the main thread. The questions are asked on another
-/// thread, one at a time. They may wait for a disk, but not for a service: what a service has not
-/// delivered yet is not there yet, and `changed` is announced once it is.
+/// `changed` belongs to the main thread. `setWindow` and `start` are called by one thread at a
+/// time: the main one, unless a source opens another in the background and starts it there. The
+/// questions are asked on another thread, one at a time. They may wait for a disk, but not for a
+/// service: what a service has not delivered yet is not there yet, and `changed` is announced once
+/// it is.
 class ComponentSource {
 public:
     virtual ~ComponentSource() = default;
