@@ -61,14 +61,4 @@ inline QByteArray takeText(gchar *text) {
     return bytes;
 }
 
-/// Takes over a list of references and calls `take` with each object.
-template <typename T, typename Take>
-void forEachTaken(GSList *list, Take take) {
-    for (GSList *link = list; link; link = link->next) {
-        const Reference<T> object(static_cast<T *>(link->data));
-        take(object.get());
-    }
-    g_slist_free(list);
-}
-
 } // namespace vantrel
