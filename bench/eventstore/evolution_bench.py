@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Measures what calendars cost in the accounts of a desktop, on a real Evolution Data Server, and in
 a folder: first list, change to plan, memory, beside plain programs on the same 10,000 events.
-Usage: bench/eventstore/evolution_bench.py BUILD"""
+Usage: bench/eventstore/evolution_bench.py BUILD [agent]
+With "agent" the memory of the program alone."""
 
 import os
 import pathlib
@@ -83,11 +84,13 @@ class Bench:
                 within(120, lambda: "selectedCalendarIDs" in (own / "settings.json").read_text(),
                        "the calendars are known")
             await_rest(process)
-            print(f"agent, {title}: {pss(process)} kB", flush=True)
+            print(f"agent, {title}: {memory(process, 'Pss')} kB, of it anonymous "
+                  f"{memory(process, 'Pss_Anon')} kB", flush=True)
 
 
-def pss(process):
-    return int(re.search(r"^Pss:\s+(\d+)", pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text(),
+def memory(process, kind):
+    """In kB. What of it is not anonymous hangs on how many programs share the libraries at the time."""
+    return int(re.search(rf"^{kind}:\s+(\d+)", pathlib.Path(f"/proc/{process.pid}/smaps_rollup").read_text(),
                          re.MULTILINE).group(1))
 
 
@@ -108,7 +111,8 @@ def await_rest(process):
 def main():
     print(f"load of the machine: {os.getloadavg()[0]:.1f} on {os.cpu_count()} processors", flush=True)
     bench = Bench(pathlib.Path(sys.argv[1]).resolve())
-    bench.lists_and_plans()
+    if sys.argv[2:] != ["agent"]:
+        bench.lists_and_plans()
     bench.agent_memory("no calendars", has_accounts=False, has_folder=False)
     bench.agent_memory("the folder", has_accounts=False, has_folder=True)
     bench.agent_memory("the accounts", has_accounts=True, has_folder=False)
@@ -117,6 +121,6 @@ def main():
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 2:
+    if len(sys.argv) < 2:
         sys.exit(__doc__)
     main()
