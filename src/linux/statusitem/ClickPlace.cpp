@@ -1,5 +1,6 @@
 #include "ClickPlace.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -31,6 +32,12 @@ std::optional<QRect> placeOfClick(QPoint pixel) {
     if (pixel.isNull())
         return std::nullopt;
     return converted(QRect(pixel, QSize(0, 0)), pixel);
+}
+
+std::optional<QRect> placeOfPointer() {
+    if (QGuiApplication::platformName() != u"xcb")
+        return std::nullopt;
+    return QRect(QCursor::pos(), QSize(0, 0));
 }
 
 std::optional<QRect> placeOfFrame(const QRect &pixels) {

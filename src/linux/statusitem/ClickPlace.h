@@ -11,7 +11,11 @@ namespace vantrel {
 /// `Screen::frame`. Empty for the zeros of a host that knows none, and for what lies on no screen.
 [[nodiscard]] std::optional<QRect> placeOfClick(QPoint pixel);
 
-/// The same of a frame; by the screen of its middle.
+/// The place of the pointer; empty where the display does not tell it to one without a window
+/// there.
+[[nodiscard]] std::optional<QRect> placeOfPointer();
+
+/// `placeOfClick` of a frame; by the screen of its middle.
 [[nodiscard]] std::optional<QRect> placeOfFrame(const QRect &pixels);
 
 } // namespace vantrel

@@ -17,8 +17,9 @@ DesktopStatusItem::DesktopStatusItem(MainQueue &queue, const SymbolArt &art,
 }
 
 StatusNotifier::Listener DesktopStatusItem::notifierListener() {
-    return {{[this](QPoint pixel) { activate(PointerButton::left, pixel); },
-             [this](QPoint pixel) { activate(PointerButton::right, pixel); }},
+    return {{[this](QPoint pixel) { activate(PointerButton::left, placeOfClick(pixel)); },
+             [this] { activate(PointerButton::left, placeOfPointer()); },
+             [this](QPoint pixel) { activate(PointerButton::right, placeOfClick(pixel)); }},
             {m_listener.menu, [this](std::function<void()> action) { later(std::move(action)); }},
             [this](bool hasWatcher) { follow(hasWatcher); }};
 }
@@ -63,10 +64,10 @@ void DesktopStatusItem::follow(bool hasWatcher) {
     }
 }
 
-void DesktopStatusItem::activate(PointerButton button, QPoint pixel) {
+void DesktopStatusItem::activate(PointerButton button, const std::optional<QRect> &place) {
     // The bus does not carry the keys that are held down; where the display tells, they count.
     const bool hasControl = QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
-    click({button, hasControl, placeOfClick(pixel)});
+    click({button, hasControl, place});
 }
 
 void DesktopStatusItem::click(const StatusItemClick &click) {

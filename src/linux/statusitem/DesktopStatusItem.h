@@ -8,10 +8,11 @@
 #include <platform/MainQueue.h>
 #include <platform/StatusItem.h>
 
-#include <QPoint>
+#include <QRect>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vantrel {
 
@@ -29,7 +30,7 @@ private:
     [[nodiscard]] StatusNotifier::Listener notifierListener();
     void show(ItemLook look);
     void follow(bool hasWatcher);
-    void activate(PointerButton button, QPoint pixel);
+    void activate(PointerButton button, const std::optional<QRect> &place);
     void click(const StatusItemClick &click);
     /// On the loop, and not at all once the item is gone: a listener may destroy the item.
     void later(std::function<void()> work);

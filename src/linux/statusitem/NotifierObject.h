@@ -41,6 +41,7 @@ class NotifierObject : public QObject {
 public:
     struct Listener {
         std::function<void(QPoint pixel)> activated;
+        std::function<void()> clicked;                ///< Where the pointer is.
         std::function<void(QPoint pixel)> menuWanted; ///< By a host that does not show it itself.
     };
 
@@ -73,7 +74,7 @@ public:
 
     void Activate(int x, int y) { m_listener.activated({x, y}); }
     void SecondaryActivate(int x, int y) { m_listener.menuWanted({x, y}); }
-    void XAyatanaSecondaryActivate(uint) { m_listener.activated({}); }
+    void XAyatanaSecondaryActivate(uint) { m_listener.clicked(); }
     void ContextMenu(int x, int y) { m_listener.menuWanted({x, y}); }
     void Scroll(int, const QString &) {}
 

@@ -1,7 +1,9 @@
 #include "StatusItemFixture.h"
 #include "Tray.h"
 
+#include <QCursor>
 #include <QFile>
+#include <QJsonArray>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -134,6 +136,19 @@ TEST_F(TrayIconTest, LeavesTheWheelAndAButtonLetGoOfElsewhereAlone) {
     tray->release(3, 0);
     EXPECT_EQ(nextClick().button, PointerButton::right);
     EXPECT_TRUE(clicks.empty());
+}
+
+TEST_F(TrayIconTest, PlacesAClickOfAHostThatTellsNoPlaceAtThePointer) {
+    Panel panel;
+    makeItem();
+    panel.await(QStringLiteral("registered"));
+    QCursor::setPos(321, 123);
+    panel.ask(QStringLiteral("call"),
+              {{QStringLiteral("on"), QStringLiteral("item")},
+               {QStringLiteral("member"), QStringLiteral("XAyatanaSecondaryActivate")},
+               {QStringLiteral("signature"), QStringLiteral("u")},
+               {QStringLiteral("arguments"), QJsonArray{12345}}});
+    EXPECT_EQ(nextClick().place, QRect(321, 123, 0, 0));
 }
 
 TEST_F(TrayIconTest, IsSeenInTheTrayOfARealPanel) {
