@@ -22,6 +22,10 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         currentIndex: -1
         highlightMoveDuration: 120
+        // A row that is gone to comes out from beneath the day that stays at the top.
+        highlightRangeMode: ListView.ApplyRange
+        preferredHighlightBegin: dayMeasure.implicitHeight
+        preferredHighlightEnd: list.height
         keyNavigationEnabled: false
         model: root.viewModel.rows
         section.property: "section"
@@ -58,6 +62,12 @@ FocusScope {
             }
         }
         // qmllint enable unqualified
+    }
+
+    DayHeader {
+        id: dayMeasure
+        visible: false
+        section: ""
     }
 
     Rectangle {

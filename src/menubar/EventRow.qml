@@ -19,7 +19,7 @@ Item {
     signal joined()
     signal picked()
 
-    implicitHeight: texts.implicitHeight + 18
+    implicitHeight: texts.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: root.spoken
     Accessible.selectable: true
@@ -30,8 +30,8 @@ Item {
         anchors.fill: parent
         anchors.leftMargin: 8
         anchors.rightMargin: 8
-        anchors.topMargin: 1
-        anchors.bottomMargin: 1
+        anchors.topMargin: 4
+        anchors.bottomMargin: 4
         radius: 8
         color: hover.hovered || root.isRinged ? root.ThemePaletteKey.palette.dimSurface : "transparent"
 

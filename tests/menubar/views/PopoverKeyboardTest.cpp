@@ -62,6 +62,25 @@ TEST_F(PopoverKeyboardTest, RingsTheRowAndBringsItIntoView) {
     }));
 }
 
+TEST_F(PopoverKeyboardTest, BringsARowOutFromBeneathTheDayAtTheTop) {
+    press(Qt::Key_End);
+    double covered = 0.0;
+    for (const QQuickItem *header : all("DayHeader"))
+        covered = std::max(covered, header->height());
+    ASSERT_GT(covered, 10.0);
+    for (int row = 11; row > 0; --row) {
+        press(Qt::Key_Up);
+        EXPECT_TRUE(stage().waitFor([&] {
+            const auto rows = all("EventRow");
+            return std::any_of(rows.begin(), rows.end(), [&](const QQuickItem *one) {
+                return one->property("isRinged").toBool() &&
+                       area(*one).top() >= 49.0 + covered - 1.0 &&
+                       area(*one).bottom() <= stage().root().height();
+            });
+        })) << row;
+    }
+}
+
 TEST_F(PopoverKeyboardTest, JoinsWithReturnWhereThereIsACall) {
     press(Qt::Key_Down);
     press(Qt::Key_Return);
