@@ -76,8 +76,11 @@ EvolutionSource::Opened EvolutionSource::open() {
     };
     if (!QFile::exists(m_module))
         return because(QStringLiteral("this build of Vantrel comes without support for them"));
-    if (!isServiceInstalled())
-        return because(QStringLiteral("Evolution Data Server is not installed"));
+    if (!isServiceInstalled()) {
+        Opened opened = because(QStringLiteral("Evolution Data Server is not installed"));
+        opened.isServiceMissing = true;
+        return opened;
+    }
     if (!hasSessionBus())
         return because(QStringLiteral("there is no session bus"));
     QLibrary library(m_module);
@@ -112,9 +115,13 @@ void EvolutionSource::adopt(Opened opened) {
         &m_receiver, [this] { watchForService(); }, Qt::QueuedConnection);
 }
 
-/// A package may bring it while the program runs.
+/// A package may bring it while the program runs. Whatever else keeps accounts away stays until the
+/// next start: to try again at once would go on for ever.
 void EvolutionSource::watchForService() {
-    if (live() || m_serviceWatch || !QFile::exists(m_module))
+    std::unique_lock lock(m_mutex);
+    const bool isMissing = m_opened.isServiceMissing;
+    lock.unlock();
+    if (!isMissing || m_serviceWatch)
         return;
     const QStringList folders = QStandardPaths::locateAll(
         QStandardPaths::GenericDataLocation, serviceFolder(), QStandardPaths::LocateDirectory);

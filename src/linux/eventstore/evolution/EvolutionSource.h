@@ -46,6 +46,7 @@ private:
     struct Opened {
         std::unique_ptr<ComponentSource> live; ///< Null where there is no service.
         QString reason;                        ///< Why there is none.
+        bool isServiceMissing = false;         ///< It may be installed later.
     };
 
     [[nodiscard]] Opened open();

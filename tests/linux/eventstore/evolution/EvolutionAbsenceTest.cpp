@@ -66,6 +66,27 @@ TEST_F(EvolutionAbsence, SaysSoWhenThereIsNoSessionBus) {
     EXPECT_THAT(troubleWith(module), HasSubstr("there is no session bus"));
 }
 
+TEST_F(EvolutionAbsence, TriesNothingAgainByItselfWhileTheServiceIsInstalled) {
+    int count = 1;
+    char name[] = "test";
+    char *arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    installService();
+    {
+        EvolutionSource source(module);
+        bool isAnnounced = false;
+        const auto subscription = source.changed.subscribe([&isAnnounced] { isAnnounced = true; });
+        source.start();
+        const QDeadlineTimer deadline(20'000);
+        while (!isAnnounced && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        for (int turn = 0; turn < 50; ++turn)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    } // A further attempt, were there one, ends with the source.
+    const auto lines = log.lines();
+    EXPECT_THAT(lines, ::testing::ElementsAre(HasSubstr("there is no session bus")));
+}
+
 TEST_F(EvolutionAbsence, SaysSoWhenTheModuleDoesNotLoad) {
     installService();
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
