@@ -7,7 +7,9 @@
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/RecordingPanels.h>
+#include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 
 #include <QTemporaryDir>
@@ -52,10 +54,12 @@ void measurePlans(const StoreConfiguration &configuration, const QStringList &wr
     fakes::FakeScreens screens;
     fakes::RecordingPanels panels;
     fakes::RecordingStatusBar statusBar;
-    AppCoordinator coordinator(
-        preferences, access,
-        AppServices{queue, defaults, workspace, screens, panels, statusBar, sampleCalendar, [] {}},
-        folder.filePath(QStringLiteral("rescues.json")));
+    fakes::RecordingPopups popups;
+    fakes::RecordingWindows windows;
+    AppCoordinator coordinator(preferences, access,
+                               AppServices{queue, defaults, workspace, screens, panels, statusBar,
+                                           popups, windows, sampleCalendar, [] {}},
+                               folder.filePath(QStringLiteral("rescues.json")));
     store->start();
     coordinator.start();
     waitFor([&] { return store->isLoaded() && occurrences(*store) > 0 && store->planned > 0; });

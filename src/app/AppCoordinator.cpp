@@ -40,6 +40,7 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
 AppCoordinator::~AppCoordinator() {
     UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
     target.previewTakeoverHandler = {};
+    target.openRecapHandler = {};
     target.quitHandler = {};
 }
 
@@ -58,6 +59,7 @@ void AppCoordinator::start() {
 void AppCoordinator::makePopover() {
     UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
     target.previewTakeoverHandler = [this] { previewTakeover(std::nullopt); };
+    target.openRecapHandler = [this] { openRecap(); };
     target.quitHandler = m_services.terminate;
     m_popupMenu = std::make_unique<PopupMenu>(m_services.popups, m_preferences, m_services.queue,
                                               m_services.currentCalendar);
@@ -161,6 +163,15 @@ void AppCoordinator::handleJoin(const UpcomingEvent &event) {
         return;
     m_rescueLog.recordRescue(RescueSource::popover);
     closePopups();
+}
+
+void AppCoordinator::openRecap() {
+    closePopups();
+    if (!m_recapWindowController)
+        m_recapWindowController = std::make_unique<RecapWindowController>(
+            m_rescueLog, m_preferences, m_services.windows, m_services.queue);
+    m_recapWindowController->refresh();
+    m_recapWindowController->show();
 }
 
 void AppCoordinator::previewTakeover(std::optional<Theme> themeOverride) {

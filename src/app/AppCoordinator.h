@@ -21,8 +21,10 @@
 #include <platform/ShieldingPanels.h>
 #include <platform/StatusItem.h>
 #include <platform/UserDefaults.h>
+#include <platform/Windows.h>
 #include <platform/Workspace.h>
 #include <preferences/PreferencesStore.h>
+#include <rescues/RecapWindowController.h>
 #include <rescues/RescueLog.h>
 #include <takeover/TakeoverTriggerScheduler.h>
 #include <takeover/TakeoverWindowController.h>
@@ -45,6 +47,7 @@ struct AppServices {
     ShieldingPanels &panels;
     StatusBar &statusBar;
     Popups &popups;
+    Windows &windows;
     CurrentCalendar currentCalendar;
     std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
@@ -75,6 +78,9 @@ public:
     /// Closes the popover and shows what a takeover looks like, in the selected theme or in another
     /// one. Nothing comes of the answer. While a takeover is up none is shown.
     void previewTakeover(std::optional<Theme> themeOverride);
+
+    /// Closes the popover and shows how often the user was fetched this week, up to now.
+    void openRecap();
 
     /// What the program is asked from outside. It has been started. A window that there is not is
     /// not shown.
@@ -135,6 +141,7 @@ private:
     std::unique_ptr<PopoverModel> m_popoverModel;
     std::unique_ptr<UpcomingEventsPopover> m_upcomingEventsPopover;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<RecapWindowController> m_recapWindowController; ///< From its first use on.
     std::shared_ptr<char> m_life = std::make_shared<char>(); ///< An answer may come after the end.
 };
 

@@ -16,6 +16,7 @@
 #include <linux/statusitem/DesktopStatusBar.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 #include <linux/views/ViewEngine.h>
+#include <linux/windows/QtWindows.h>
 #include <linux/workspace/GioWorkspace.h>
 #include <platform/Log.h>
 #include <theme/SymbolPicture.h>
@@ -135,10 +136,11 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     QtShieldingPanels panels(queue, views);
     DesktopStatusBar statusBar(queue, symbolArt());
     QtPopups popups(views);
+    QtWindows windows(views);
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                currentCalendar, &QGuiApplication::quit},
+                                windows, currentCalendar, &QGuiApplication::quit},
                                rescueLogFile(command.profile));
 
     store.start();

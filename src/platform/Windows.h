@@ -24,9 +24,9 @@ struct WindowDescription {
 /// An ordinary window with a frame of the desktop's, in the middle of the screen at first. Closing
 /// it hides it; it comes back as it was. Destroying it takes it away, but not from within its own
 /// content.
-class Window {
+class DesktopWindow {
 public:
-    virtual ~Window() = default;
+    virtual ~DesktopWindow() = default;
 
     /// Brings it to the front, with the keyboard in it.
     virtual void show() = 0;
@@ -38,7 +38,7 @@ public:
     virtual ~Windows() = default;
 
     /// Not shown yet; its content is made when it is shown for the first time.
-    [[nodiscard]] virtual std::unique_ptr<Window>
+    [[nodiscard]] virtual std::unique_ptr<DesktopWindow>
     makeWindow(const ViewContent &content, const WindowDescription &description) = 0;
 };
 

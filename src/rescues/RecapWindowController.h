@@ -32,7 +32,7 @@ private:
     RescueLog &m_rescueLog;
     PreferencesStore &m_preferences;
     RecapViewModel m_viewModel;
-    std::unique_ptr<Window> m_window;
+    std::unique_ptr<DesktopWindow> m_window;
     ScheduledWork m_refresh;
     std::vector<Subscription> m_subscriptions;
 };

@@ -146,7 +146,7 @@ TEST_F(AppPopoverTest, OffersInItsMenuJustWhatThereIs) {
     click();
     popoverModel().openMenu({300.0, 40.0});
     ASSERT_EQ(popups.shown().size(), 2U);
-    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(This week's rescues)", "(Preferences…)",
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"This week's rescues", "(Preferences…)",
                                                      "Preview takeover", "-", "Quit Vantrel"}));
 }
 
@@ -158,6 +158,60 @@ TEST_F(AppPopoverTest, PreviewsATakeoverFromItsMenuInPlaceOfThePopover) {
     queue.runDue();
     EXPECT_TRUE(popups.shown().empty());
     EXPECT_EQ(panels.shown().size(), 1U);
+}
+
+TEST_F(AppPopoverTest, ShowsTheWeeksRescuesFromItsMenuInPlaceOfThePopover) {
+    start();
+    for (int time = 1; time <= 2; ++time) {
+        click();
+        popoverModel().openMenu({300.0, 40.0});
+        menuModel().choose(0);
+        queue.advance(Seconds{1.0});
+        EXPECT_TRUE(popups.shown().empty());
+        ASSERT_EQ(windows.windows.size(), 1U);
+        EXPECT_EQ(windows.windows.front()->description.title, u"This Week's Rescues");
+        EXPECT_EQ(windows.windows.front()->showings, time);
+    }
+}
+
+TEST_F(AppPopoverTest, CountsARescueInTheOpenRecapAtOnce) {
+    start();
+    coordinator->openRecap();
+    const auto recap = qvariant_cast<RecapViewModel *>(
+        windows.windows.front()->content.properties[QStringLiteral("viewModel")]);
+    ASSERT_TRUE(recap);
+    EXPECT_TRUE(recap->isEmpty());
+    UpcomingEvent call;
+    call.phoneLink = MeetingLink::phone(QStringLiteral("+41 44 668 18 00"));
+    coordinator->handleJoin(call);
+    queue.runDue();
+    EXPECT_EQ(recap->count(), u"1");
+    EXPECT_EQ(recap->statistics(), QStringList{QStringLiteral("1 from the popover")});
+}
+
+TEST_F(AppPopoverTest, CountsTheWeekUpToTheDayOnWhichTheRecapIsOpened) {
+    start();
+    UpcomingEvent call;
+    call.phoneLink = MeetingLink::phone(QStringLiteral("+41 44 668 18 00"));
+    coordinator->handleJoin(call);
+    coordinator->openRecap();
+    const auto recap = qvariant_cast<RecapViewModel *>(
+        windows.windows.front()->content.properties[QStringLiteral("viewModel")]);
+    EXPECT_EQ(recap->count(), u"1");
+    queue.advance(Seconds{8.0 * 86'400.0});
+    coordinator->openRecap();
+    EXPECT_EQ(recap->count(), u"0");
+    EXPECT_FALSE(recap->isEmpty());
+}
+
+TEST_F(AppPopoverTest, TheRecapTakesTheThemeThatIsChosen) {
+    start();
+    coordinator->openRecap();
+    const auto recap = qvariant_cast<RecapViewModel *>(
+        windows.windows.front()->content.properties[QStringLiteral("viewModel")]);
+    preferences->setSelectedTheme(Theme::dusk);
+    queue.runDue();
+    EXPECT_EQ(recap->palette(), ThemePalette(palette(Theme::dusk)));
 }
 
 TEST_F(AppPopoverTest, QuitsFromItsMenu) {

@@ -8,6 +8,7 @@
 #include <fakes/RecordingPanels.h>
 #include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
 
@@ -76,7 +77,7 @@ protected:
     void start() {
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
-            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups,
+            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows,
                         [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
@@ -94,6 +95,7 @@ protected:
     fakes::RecordingPanels panels;
     fakes::RecordingStatusBar statusBar;
     fakes::RecordingPopups popups;
+    fakes::RecordingWindows windows;
     int terminations = 0;
     std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
     CalendarAccess access{store};

@@ -12,7 +12,7 @@ namespace vantrel {
 class ViewEngine;
 
 /// One window and its content.
-class QtWindow final : public Window {
+class QtWindow final : public DesktopWindow {
 public:
     /// `engine` must outlive the window.
     QtWindow(ViewContent content, WindowDescription description, ViewEngine &engine);

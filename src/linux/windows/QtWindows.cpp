@@ -4,8 +4,8 @@
 
 namespace vantrel {
 
-std::unique_ptr<Window> QtWindows::makeWindow(const ViewContent &content,
-                                              const WindowDescription &description) {
+std::unique_ptr<DesktopWindow> QtWindows::makeWindow(const ViewContent &content,
+                                                     const WindowDescription &description) {
     return std::make_unique<QtWindow>(content, description, m_engine);
 }
 

@@ -12,8 +12,8 @@ public:
     /// `engine` must outlive the windows.
     explicit QtWindows(ViewEngine &engine) : m_engine(engine) {}
 
-    [[nodiscard]] std::unique_ptr<Window> makeWindow(const ViewContent &content,
-                                                     const WindowDescription &description) override;
+    [[nodiscard]] std::unique_ptr<DesktopWindow>
+    makeWindow(const ViewContent &content, const WindowDescription &description) override;
 
 private:
     ViewEngine &m_engine;

@@ -66,11 +66,11 @@ void SleepyMachine::start() {
     store = std::make_unique<PlannedStore>(queue, configuration, calendar, StoreAccess::granted());
     m_subscription = store->changed.subscribe([this] { ++notices; });
     m_access = std::make_unique<CalendarAccess>(*store);
-    m_coordinator = std::make_unique<AppCoordinator>(m_preferences, *m_access,
-                                                     AppServices{queue, m_defaults, m_workspace,
-                                                                 m_screens, m_panels, m_statusBar,
-                                                                 m_popups, calendar, [] {}},
-                                                     m_files.path(QStringLiteral("rescues.json")));
+    m_coordinator = std::make_unique<AppCoordinator>(
+        m_preferences, *m_access,
+        AppServices{queue, m_defaults, m_workspace, m_screens, m_panels, m_statusBar, m_popups,
+                    m_windows, calendar, [] {}},
+        m_files.path(QStringLiteral("rescues.json")));
     store->start();
     m_coordinator->start();
     settle([this] { return store->isLoaded(); }, "the calendars are read");

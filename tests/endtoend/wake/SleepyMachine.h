@@ -12,6 +12,7 @@
 #include <fakes/RecordingPanels.h>
 #include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
 #include <linux/eventstore/LocalEventStore.h>
@@ -126,6 +127,7 @@ private:
     fakes::RecordingPanels m_panels;
     fakes::RecordingStatusBar m_statusBar;
     fakes::RecordingPopups m_popups;
+    fakes::RecordingWindows m_windows;
     std::unique_ptr<CalendarAccess> m_access;
     std::unique_ptr<AppCoordinator> m_coordinator;
     Subscription m_subscription;

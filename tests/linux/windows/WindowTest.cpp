@@ -20,14 +20,14 @@ using Kind = OtherProgram::Kind;
 /// Real windows on a real X server, under a window manager.
 class WindowTest : public testing::Test {
 protected:
-    [[nodiscard]] std::unique_ptr<Window> make(WindowLevel level = WindowLevel::normal,
-                                               const QString &type = u"Page"_qs) {
+    [[nodiscard]] std::unique_ptr<DesktopWindow> make(WindowLevel level = WindowLevel::normal,
+                                                      const QString &type = u"Page"_qs) {
         return windows.makeWindow({u"Windows.Tests"_qs, type, {}},
                                   {u"A Title"_qs, {320, 240}, {200, 160}, level});
     }
 
     /// Shows it and waits until it can be seen with the keyboard in it.
-    QQuickWindow &show(Window &shown) {
+    QQuickWindow &show(DesktopWindow &shown) {
         shown.show();
         QQuickWindow *window = dynamic_cast<QtWindow &>(shown).window();
         EXPECT_TRUE(waitUntil(
