@@ -23,6 +23,13 @@ protected:
         EXPECT_THAT(titles(*live), IsEmpty());
     }
 
+    void settleLog(const char *place, const char *what) {
+        settle([&] {
+            queue.advance(Seconds{0.2});
+            return log.has(place, what);
+        });
+    }
+
     template <typename Matcher>
     void expectTitles(const Matcher &matcher) {
         settle([&] {
@@ -111,9 +118,36 @@ TEST_F(MountTest, ADiskOverAFolderThatWasEmptyIsSeen) {
     ASSERT_EQ(
         ::mount(qPrintable(path("aside")), qPrintable(path("usb")), nullptr, MS_BIND, nullptr), 0);
     expectTitles(ElementsAre("late"));
+    log.clear();
     unmount("usb");
     unmount("aside");
-    expectTitles(IsEmpty());
+    settleLog("usb/calendars", "no calendars");
+    settle([this] { return !live->hasAllCalendars(); });
+    expectTitles(ElementsAre("late"));
+}
+
+TEST_F(MountTest, ADiskThatIsTakenOffLeavesTheEventsThatAreKnown) {
+    ASSERT_TRUE(mountAt("usb"));
+    files.write(QStringLiteral("usb/a.ics"), oneEvent("known"));
+    begin({QStringLiteral("usb")});
+    unmount("usb");
+    settleLog("usb", "not mounted");
+    settle([this] { return !live->hasAllCalendars(); });
+    EXPECT_THAT(titles(*live), ElementsAre("known"));
+    ASSERT_TRUE(mountAt("usb"));
+    files.write(QStringLiteral("usb/a.ics"), oneEvent("other"));
+    expectTitles(ElementsAre("other"));
+}
+
+TEST_F(MountTest, ADiskBelowAFolderOfCalendarsLeavesTheEventsThatAreKnown) {
+    files.write(QStringLiteral("home/near/a.ics"), oneEvent("near"));
+    ASSERT_TRUE(mountAt("home/usb"));
+    files.write(QStringLiteral("home/usb/a.ics"), oneEvent("known"));
+    begin({QStringLiteral("home")});
+    unmount("home/usb");
+    settleLog("home/usb", "out of reach");
+    settle([this] { return !live->hasAllCalendars(); });
+    EXPECT_THAT(titles(*live), ElementsAre("near", "known"));
 }
 
 TEST_F(MountTest, ADiskOverACalendarTakesItsPlaceAndGivesItBack) {

@@ -51,11 +51,12 @@ Entry entryOf(const char *name, const struct stat &status) {
 Status status(const QByteArray &path) {
     struct stat found = {};
     if (::stat(path.constData(), &found) != 0)
-        return {errno == ENOENT || errno == ENOTDIR ? Kind::missing : Kind::unreadable, 0, 0};
+        return {errno == ENOENT || errno == ENOTDIR ? Kind::missing : Kind::unreadable, 0, 0,
+                errno};
     const Kind kind = S_ISDIR(found.st_mode)   ? Kind::folder
                       : S_ISREG(found.st_mode) ? Kind::file
                                                : Kind::other;
-    return {kind, found.st_dev, found.st_ino};
+    return {kind, found.st_dev, found.st_ino, 0};
 }
 
 bool isWritable(const QByteArray &path) {
@@ -70,7 +71,15 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail, 
         return std::nullopt;
     }
     std::vector<Entry> entries;
-    while (const dirent *one = ::readdir(directory.get())) {
+    for (;;) {
+        errno = 0;
+        const dirent *const one = ::readdir(directory.get());
+        if (!one && errno != 0) {
+            error = errno;
+            return std::nullopt;
+        }
+        if (!one)
+            return entries;
         if (one->d_name[0] == '.')
             continue;
         const bool isKindKnown = one->d_type == DT_REG || one->d_type == DT_DIR;
@@ -79,13 +88,18 @@ std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail, 
             continue;
         }
         struct stat found = {};
-        if (::fstatat(::dirfd(directory.get()), one->d_name, &found, 0) != 0 ||
-            (!S_ISDIR(found.st_mode) && !S_ISREG(found.st_mode)))
+        const bool isKnown = ::fstatat(::dirfd(directory.get()), one->d_name, &found, 0) == 0;
+        // A link leads elsewhere; a name of the folder's own does not vanish for being out of
+        // reach.
+        if (!isKnown && isKindKnown && errno != ENOENT) {
+            error = errno;
+            return std::nullopt;
+        }
+        if (!isKnown || (!S_ISDIR(found.st_mode) && !S_ISREG(found.st_mode)))
             continue;
         entries.push_back(entryOf(one->d_name, found));
         entries.back().isLink = one->d_type == DT_LNK;
     }
-    return entries;
 }
 
 std::vector<QByteArray> brokenLinks(const QByteArray &folder) {
@@ -136,6 +150,13 @@ std::vector<NameInFolder> waypoints(const QByteArray &path) {
             folder = "/";
     }
     return waypoints;
+}
+
+bool isMountPoint(const QByteArray &folder) {
+    struct stat found = {};
+    struct stat above = {};
+    return ::stat(folder.constData(), &found) == 0 &&
+           ::stat((folder + "/..").constData(), &above) == 0 && found.st_dev != above.st_dev;
 }
 
 bool isBehindBrokenLink(const QByteArray &path) {

@@ -30,6 +30,7 @@ struct Status {
     Kind kind = Kind::missing;
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
+    int error = 0; ///< The system's number for why nothing else is known; 0 when it is.
 };
 
 [[nodiscard]] Status status(const QByteArray &path);
@@ -37,9 +38,13 @@ struct Status {
 [[nodiscard]] bool isWritable(const QByteArray &path);
 
 /// The folders and regular files in a folder whose names do not begin with a dot. Empty when the
-/// folder cannot be read; `error` is then the system's number for why.
+/// folder, or what is to be known of a name in it, cannot be read; `error` is then the system's
+/// number for why.
 [[nodiscard]] std::optional<std::vector<Entry>> list(const QByteArray &folder, Detail detail,
                                                      int &error);
+
+/// Whether a disk, or another part of the file system, begins at that folder.
+[[nodiscard]] bool isMountPoint(const QByteArray &folder);
 
 /// Whether the way to a place that is missing ends at a symbolic link that leads nowhere: there may
 /// well be something once what it leads to, on another disk for instance, is within reach.

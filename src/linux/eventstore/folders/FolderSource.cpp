@@ -29,6 +29,21 @@ bool isEmptyOrUnreadable(const QByteArray &folder) {
     return !entries || entries->empty();
 }
 
+PlaceOnDisk placeOf(const files::Status &status) {
+    return {status.device, status.inode};
+}
+
+/// Whether a disk lay over the folder when it was found last, and none does any more.
+bool hasLostItsDisk(const QByteArray &folder, const files::Status &status,
+                    const PlaceOnDisk &former) {
+    int error = 0;
+    if (status.kind != files::Kind::folder || status.device == former.device ||
+        files::isMountPoint(folder))
+        return false;
+    const auto entries = files::list(folder, files::Detail::kind, error);
+    return entries && entries->empty();
+}
+
 /// Whether something happened to the calendar that lies there.
 bool isTouched(const FolderChanges::Changes &changes, const QByteArray &folder,
                const std::set<QByteArray> &linkedFiles) {
@@ -51,7 +66,8 @@ std::vector<SourceCalendar> FolderSource::calendars() {
     lookAtRoot(round);
     m_changes.endRound();
     m_places = std::move(round.places);
-    for (const SourceCalendar &one : round.calendars)
+    m_listed = round.calendars;
+    for (const SourceCalendar &one : m_listed)
         m_everListed.insert(one.calendar.calendarIdentifier);
     m_knowledge = {round.isComplete, {}, deletedCalendars(round), std::move(round.placesOnDisk)};
     return std::move(round.calendars);
@@ -76,20 +92,41 @@ void FolderSource::lookAtRoot(Round &round) {
     const QString name = QFile::decodeName(files::nameOf(path));
     const StoreSource source{identifierOfPath("root:" + path),
                              m_root.title.isEmpty() ? name : m_root.title};
-    switch (files::status(path).kind) {
+    const files::Status status = files::status(path);
+    if (m_rootOnDisk && hasLostItsDisk(path, status, *m_rootOnDisk))
+        return passOverAndKeep(path, ENODEV, "its disk is not mounted", round);
+    if (status.kind == files::Kind::folder || status.kind == files::Kind::file) {
+        m_rootOnDisk = placeOf(status);
+        m_aboveOnDisk = placeOf(files::status(files::folderOf(path)));
+    }
+    switch (status.kind) {
     case files::Kind::folder:
         return lookAtFolder(path, source, round);
     case files::Kind::file:
         return addCalendar(source, path, true, round);
     case files::Kind::missing:
-        // Nobody need have a home for calendars, but one that is gone may come back.
-        round.isCertain = false;
-        return m_root.isCalendarHome ? void() : passOver(path, ENOENT, "no calendars", round);
+        return missRoot(path, round);
     case files::Kind::other:
         return passOver(path, EINVAL, "no calendars", round);
     case files::Kind::unreadable:
-        return passOver(path, EACCES, "no calendars", round);
+        return passOverAndKeep(path, status.error, "no calendars", round);
     }
+}
+
+/// Gone for certain is only what lay in a folder that is still the same one: a disk may have been
+/// taken off anywhere above. On a disk's top folder not even that tells enough, since numbers of
+/// disks are used again.
+void FolderSource::missRoot(const QByteArray &path, Round &round) {
+    round.isCertain = false;
+    const QByteArray above = files::folderOf(path);
+    const bool isGone = m_aboveOnDisk && !files::isBehindBrokenLink(path) &&
+                        placeOf(files::status(above)) == *m_aboveOnDisk &&
+                        !files::isMountPoint(above);
+    if (!isGone && !m_listed.empty())
+        return passOverAndKeep(path, ENOENT, "no calendars", round);
+    // Nobody need have a home for calendars, but one that is gone may come back.
+    if (!m_root.isCalendarHome)
+        passOver(path, ENOENT, "no calendars", round);
 }
 
 /// What lies in a folder decides what it is: with items in it a calendar; with folders in it those
@@ -99,7 +136,7 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
     int error = 0;
     auto entries = files::list(path, files::Detail::kind, error);
     if (!entries)
-        return passOver(path, error, "folder not read", round);
+        return passOverAndKeep(path, error, "folder not read", round);
     m_troubles.remove(path);
     if (entries->empty()) {
         round.isCertain = false;
@@ -108,6 +145,8 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
     for (const QByteArray &name : files::brokenLinks(path)) {
         round.isComplete = false;
         m_changes.watchForPath(path + '/' + name);
+        if (listedAt(path + '/' + name))
+            entries->push_back({name, true});
     }
     std::sort(entries->begin(), entries->end(),
               [](const auto &left, const auto &right) { return left.name < right.name; });
@@ -122,9 +161,19 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
             continue;
         if (m_root.isCalendarHome || !hasItems || looksLikeCalendar(inner))
             addCalendar(source, inner, false, round);
+        else if (isEmptyOrUnreadable(inner) && listedAt(inner))
+            addCalendar(source, inner, false, round);
         else if (isEmptyOrUnreadable(inner))
             round.isCertain = false;
     }
+}
+
+const SourceCalendar *FolderSource::listedAt(const QByteArray &path) const {
+    const auto listed = std::find_if(m_listed.begin(), m_listed.end(),
+                                     [identifier = identifierOfPath(path)](const auto &one) {
+                                         return one.calendar.calendarIdentifier == identifier;
+                                     });
+    return listed == m_listed.end() ? nullptr : &*listed;
 }
 
 void FolderSource::passOver(const QByteArray &path, int error, const char *what, Round &round) {
@@ -132,11 +181,39 @@ void FolderSource::passOver(const QByteArray &path, int error, const char *what,
     noteTrouble(path, error, what);
 }
 
+void FolderSource::passOverAndKeep(const QByteArray &path, int error, const char *what,
+                                   Round &round) {
+    passOver(path, error, what, round);
+    for (const SourceCalendar &calendar : m_listed)
+        keep(calendar, round);
+}
+
+void FolderSource::keep(const SourceCalendar &calendar, Round &round) {
+    const QString &identifier = calendar.calendar.calendarIdentifier;
+    Place place = m_places.value(identifier);
+    round.present.insert(identifier);
+    round.seen.insert(place.onDisk);
+    round.placesOnDisk.emplace(identifier, place.onDisk);
+    place.isAway = true;
+    round.places.insert(identifier, std::move(place));
+    round.calendars.push_back(calendar);
+    round.calendars.back().hasChanges = false;
+    round.calendars.back().rewrittenItems.clear();
+}
+
 void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path, bool isFile,
                                Round &round) {
     const files::Status status = files::status(path);
     round.present.insert(identifierOfPath(path));
-    const PlaceOnDisk onDisk{status.device, status.inode};
+    if (const auto *const listed = listedAt(path);
+        listed && (status.error != 0 ||
+                   hasLostItsDisk(path, status,
+                                  m_places.value(listed->calendar.calendarIdentifier).onDisk))) {
+        round.isComplete = false;
+        noteTrouble(path, status.error != 0 ? status.error : ENODEV, "calendar out of reach");
+        return keep(*listed, round);
+    }
+    const PlaceOnDisk onDisk = placeOf(status);
     if (!round.seen.insert(onDisk).second)
         return;
     SourceCalendar calendar;
@@ -145,16 +222,18 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
     calendar.isDescribedByText = isFile;
 
     const QString &identifier = calendar.calendar.calendarIdentifier;
-    Place place{files::resolved(path), onDisk, isFile, {}};
+    Place place{files::resolved(path), onDisk, isFile, {}, false};
     const QByteArray folder = place.folder();
     m_changes.watch(folder, isFile ? files::nameOf(place.path) : QByteArray());
     const auto known = m_places.constFind(identifier);
     if (known != m_places.constEnd()) {
+        if (known->isAway)
+            m_troubles.remove(path);
         place.linkedFiles = known->linkedFiles;
         watchLinks(place);
     }
-    calendar.hasChanges = known == m_places.constEnd() || known->path != place.path ||
-                          known->onDisk != onDisk ||
+    calendar.hasChanges = known == m_places.constEnd() || known->isAway ||
+                          known->path != place.path || known->onDisk != onDisk ||
                           isTouched(round.changes, folder, place.linkedFiles);
     if (const auto rewritten = round.changes.rewritten.find(folder);
         rewritten != round.changes.rewritten.end())
@@ -166,6 +245,8 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
 
 std::optional<std::vector<SourceItem>> FolderSource::items(const QString &calendarIdentifier) {
     Place &place = m_places[calendarIdentifier];
+    if (place.isAway)
+        return std::nullopt;
     int error = 0;
     const auto entries = files::list(place.folder(), files::Detail::version, error);
     if (!entries) {
@@ -192,7 +273,10 @@ std::optional<std::vector<SourceItem>> FolderSource::items(const QString &calend
 
 std::optional<QByteArray> FolderSource::text(const QString &calendarIdentifier,
                                              const QByteArray &item) {
-    const QByteArray path = m_places.value(calendarIdentifier).pathOf(item);
+    const Place place = m_places.value(calendarIdentifier);
+    if (place.isAway)
+        return std::nullopt;
+    const QByteArray path = place.pathOf(item);
     int error = 0;
     auto text = files::read(path, maximumFileSize, error);
     if (!text && error != ENOENT)

@@ -11,6 +11,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -31,6 +32,9 @@ struct FolderRoot {
 /// files `displayname` and `color` to describe it. Files whose names end in anything else, or
 /// begin with a dot, are left alone; folders within calendar folders too. A place that two names
 /// below the root lead to is one calendar.
+///
+/// What is out of reach stays listed as it was known last, and without changes: a place that cannot
+/// be read, one that lay on a disk that is no longer mounted, and what a link leads to.
 class FolderSource : public ComponentSource {
 public:
     /// `descriptor` may be shared with other sources.
@@ -55,6 +59,7 @@ private:
         PlaceOnDisk onDisk; ///< Another one where a disk was mounted over it.
         bool isFile = false;
         std::set<QByteArray> linkedFiles; ///< What symbolic links in the folder lead to.
+        bool isAway = false;              ///< Out of reach: the rest is what was known last.
 
         [[nodiscard]] QByteArray folder() const { return isFile ? files::folderOf(path) : path; }
         [[nodiscard]] QByteArray pathOf(const QByteArray &item) const {
@@ -78,10 +83,14 @@ private:
     };
 
     void lookAtRoot(Round &round);
+    void missRoot(const QByteArray &path, Round &round);
     void lookAtFolder(const QByteArray &path, const StoreSource &source, Round &round);
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
+    void keep(const SourceCalendar &calendar, Round &round);
+    [[nodiscard]] const SourceCalendar *listedAt(const QByteArray &path) const;
     [[nodiscard]] std::set<QString> deletedCalendars(const Round &round) const;
     void passOver(const QByteArray &path, int error, const char *what, Round &round);
+    void passOverAndKeep(const QByteArray &path, int error, const char *what, Round &round);
     void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
 
@@ -89,8 +98,12 @@ private:
 
     // Of the thread that asks.
     const FolderRoot m_root;
-    QHash<QString, Place> m_places; ///< By calendar identifier.
-    QSet<QString> m_everListed;     ///< Identifiers of calendars, since the start.
+    QHash<QString, Place> m_places;       ///< By calendar identifier.
+    std::vector<SourceCalendar> m_listed; ///< As they were answered last.
+    /// Where the root was found last, and the folder that it lies in.
+    std::optional<PlaceOnDisk> m_rootOnDisk;
+    std::optional<PlaceOnDisk> m_aboveOnDisk;
+    QSet<QString> m_everListed; ///< Identifiers of calendars, since the start.
     SourceKnowledge m_knowledge;
     QHash<QByteArray, int> m_troubles; ///< Errors that stand in the log already, by path.
 };

@@ -1,8 +1,8 @@
+#include "OrdinaryRights.h"
 #include "StoreFixture.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace vantrel {
 namespace {
@@ -149,28 +149,6 @@ TEST_F(FolderSourceTest, LinksAreFollowedOnceAndLoopsEnd) {
     const auto store = load({QStringLiteral("home")});
     EXPECT_THAT(titles(*store), ElementsAre("x", "x"));
 }
-
-/// Has the rest of a scope run without the superuser's rights, where the test has them.
-class OrdinaryRights {
-public:
-    explicit OrdinaryRights(const QString &scratch) {
-        if (m_isSuperuser) {
-            ::chmod(qPrintable(scratch), 0777);
-            m_isSuperuser = ::seteuid(nobody) == 0;
-        }
-    }
-    ~OrdinaryRights() {
-        if (m_isSuperuser) {
-            EXPECT_EQ(::seteuid(0), 0);
-        }
-    }
-    OrdinaryRights(const OrdinaryRights &) = delete;
-    OrdinaryRights &operator=(const OrdinaryRights &) = delete;
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool m_isSuperuser = ::geteuid() == 0;
-};
 
 TEST_F(FolderSourceTest, WhatCannotBeReadIsLoggedAndCostsNothingElse) {
     const OrdinaryRights rights(files.path());
