@@ -192,8 +192,10 @@ void FolderSource::keep(const SourceCalendar &calendar, Round &round) {
     const QString &identifier = calendar.calendar.calendarIdentifier;
     Place place = m_places.value(identifier);
     round.present.insert(identifier);
-    round.seen.insert(place.onDisk);
-    round.placesOnDisk.emplace(identifier, place.onDisk);
+    if (place.onDisk != PlaceOnDisk()) {
+        round.seen.insert(place.onDisk);
+        round.placesOnDisk.emplace(identifier, place.onDisk);
+    }
     place.isAway = true;
     round.places.insert(identifier, std::move(place));
     round.calendars.push_back(calendar);
@@ -214,7 +216,8 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
         return keep(*listed, round);
     }
     const PlaceOnDisk onDisk = placeOf(status);
-    if (!round.seen.insert(onDisk).second)
+    const bool isPlaceKnown = status.error == 0;
+    if (isPlaceKnown && !round.seen.insert(onDisk).second)
         return;
     SourceCalendar calendar;
     calendar.calendar = isFile ? describeFile(path) : describeFolder(path);
@@ -239,7 +242,8 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
         rewritten != round.changes.rewritten.end())
         calendar.rewrittenItems = rewritten->second;
     round.places.insert(identifier, std::move(place));
-    round.placesOnDisk.emplace(identifier, onDisk);
+    if (isPlaceKnown)
+        round.placesOnDisk.emplace(identifier, onDisk);
     round.calendars.push_back(std::move(calendar));
 }
 

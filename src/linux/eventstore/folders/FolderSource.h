@@ -56,7 +56,7 @@ private:
     /// Where a calendar lies.
     struct Place {
         QByteArray path;    ///< Of a folder or a file, without symbolic links.
-        PlaceOnDisk onDisk; ///< Another one where a disk was mounted over it.
+        PlaceOnDisk onDisk; ///< Another one where a disk was mounted over it; {} while unknown.
         bool isFile = false;
         std::set<QByteArray> linkedFiles; ///< What symbolic links in the folder lead to.
         bool isAway = false;              ///< Out of reach: the rest is what was known last.

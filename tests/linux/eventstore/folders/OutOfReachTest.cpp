@@ -112,6 +112,15 @@ TEST_F(OutOfReachTest, WhatALinkLeadsToKeepsItsEventsWhileItIsMissing) {
     expectTitles(ElementsAre("other", "near"));
 }
 
+TEST_F(OutOfReachTest, CalendarsThatCannotBeLookedAtAreNotTakenForOnePlace) {
+    files.write(QStringLiteral("disk/private/a.ics"), oneEvent("other"));
+    permit("disk", 0400);
+    begin({QStringLiteral("disk")});
+    EXPECT_EQ(live->calendars().size(), 2U);
+    permit("disk", 0700);
+    expectTitles(ElementsAre("other", "known"));
+}
+
 TEST_F(OutOfReachTest, AFolderThatIsMissingWithTheOneAboveItKeepsItsEvents) {
     begin({QStringLiteral("disk/work")});
     move("disk", "aside");
