@@ -271,7 +271,11 @@ TEST_F(UnnamedFolderTest, IsToldFromACalendarThatIsDeletedWhereOthersAre) {
     expectTitles(UnorderedElementsAre("home", "work"));
     ASSERT_TRUE(QDir(files.path(QStringLiteral("profile/calendars/work"))).removeRecursively());
     expectTitles(ElementsAre("home"));
-    EXPECT_TRUE(live->isCalendarDeleted(identifier("profile/calendars/work")));
+    EXPECT_FALSE(live->isCalendarDeleted(identifier("profile/calendars/work")));
+    settle([this] {
+        queue.advance(Seconds{1.0});
+        return live->isCalendarDeleted(identifier("profile/calendars/work"));
+    });
     EXPECT_FALSE(live->isCalendarDeleted(identifier("profile/calendars/home")));
 }
 

@@ -58,6 +58,7 @@ FolderSource::FolderSource(MainQueue &queue, FolderRoot root,
                            std::shared_ptr<WatchDescriptor> descriptor)
     : m_changes(
           queue, [this] { changed.announce(); }, std::move(descriptor)),
+      m_absences(queue, [this] { changed.announce(); }),
       m_root(std::move(root)) {}
 
 std::vector<SourceCalendar> FolderSource::calendars() {
@@ -75,15 +76,13 @@ std::vector<SourceCalendar> FolderSource::calendars() {
 
 /// An identifier does not tell where its calendar lay, so nothing can be told of one that was not
 /// listed since the start.
-std::set<QString> FolderSource::deletedCalendars(const Round &round) const {
-    std::set<QString> deleted;
-    if (!round.isComplete || !round.isCertain)
-        return deleted;
+std::set<QString> FolderSource::deletedCalendars(const Round &round) {
+    std::set<QString> missing;
     for (const QString &one : m_everListed) {
-        if (!round.present.contains(one))
-            deleted.insert(one);
+        if (round.isComplete && round.isCertain && !round.present.contains(one))
+            missing.insert(one);
     }
-    return deleted;
+    return m_absences.lasting(missing);
 }
 
 void FolderSource::lookAtRoot(Round &round) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Absences.h"
 #include "FolderChanges.h"
 
 #include <linux/eventstore/files/Files.h>
@@ -88,13 +89,14 @@ private:
     void addCalendar(const StoreSource &source, const QByteArray &path, bool isFile, Round &round);
     void keep(const SourceCalendar &calendar, Round &round);
     [[nodiscard]] const SourceCalendar *listedAt(const QByteArray &path) const;
-    [[nodiscard]] std::set<QString> deletedCalendars(const Round &round) const;
+    [[nodiscard]] std::set<QString> deletedCalendars(const Round &round);
     void passOver(const QByteArray &path, int error, const char *what, Round &round);
     void passOverAndKeep(const QByteArray &path, int error, const char *what, Round &round);
     void watchLinks(const Place &place);
     void noteTrouble(const QByteArray &path, int error, const char *what);
 
     FolderChanges m_changes;
+    Absences m_absences;
 
     // Of the thread that asks.
     const FolderRoot m_root;
