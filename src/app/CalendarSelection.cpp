@@ -1,10 +1,15 @@
 #include "CalendarSelection.h"
 
+#include <platform/Log.h>
+#include <platform/LogText.h>
+
 #include <QStringList>
 
 namespace vantrel {
 
 namespace {
+
+VANTREL_LOG(selectionLog, "CalendarSelection")
 
 QString selectionKey() {
     return QStringLiteral("Vantrel.selectedCalendarIDs");
@@ -54,6 +59,12 @@ void CalendarSelection::dropDeleted() {
         left, [this](const QString &identifier) { return m_store.isCalendarDeleted(identifier); });
     if (left == selection)
         return;
+    for (const QString &identifier : selection) {
+        if (!left.contains(identifier))
+            qCInfo(selectionLog).noquote()
+                << "the calendar" << logText(identifier)
+                << "was deleted and is no longer among the selected ones";
+    }
     if (m_isDefaultDue && !isChangedByUser())
         keepAsUnfinished(left);
     m_preferences.setSelectedCalendarIDs(left);

@@ -1,5 +1,7 @@
 #include "CoordinatorFixture.h"
 
+#include <fakes/CapturedLog.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -186,9 +188,14 @@ TEST_F(AppCoordinatorTest, DropsADeletedCalendarAndPlansWithoutItInTheSamePass) 
 
 TEST_F(AppCoordinatorTest, DropsWhatWasDeletedBeforeTheStart) {
     select({QStringLiteral("work"), QStringLiteral("long gone")});
+    const fakes::CapturedLog log;
     start();
     announceChange();
     EXPECT_EQ(selection(), "work");
+    const auto names = [](const auto &line) {
+        return line.text.contains(QStringLiteral("long gone"));
+    };
+    EXPECT_EQ(std::count_if(log.lines().begin(), log.lines().end(), names), 1);
 }
 
 TEST_F(AppCoordinatorTest, KeepsACalendarThatIsOutOfReach) {
