@@ -36,10 +36,15 @@ bool isRestrictedBy(const QString &path) {
         return false;
     if (policy.state == ConfigurationFile::State::unreadable)
         return true;
-    const QJsonValue value = policy.object.value(accessKey);
-    if (!value.isUndefined() && value.toString() != restricted)
+    // Whatever else stands there may be a slip in the only thing that a policy can say.
+    if (policy.object.value(accessKey).toString() != restricted)
         logSenseless(path);
-    return !value.isUndefined();
+    for (const QString &key : policy.object.keys()) {
+        if (key != accessKey)
+            qCWarning(eventStoreLog).noquote().nospace()
+                << logText(path) << ": \"" << logText(key) << "\" is not known";
+    }
+    return true;
 }
 
 void makeFolder(const QString &folder) {

@@ -99,10 +99,18 @@ TEST_F(AccessRecordTest, APolicyOutweighsEveryAnswer) {
     EXPECT_EQ(record().read(), StoreAuthorization::restricted);
 }
 
-TEST_F(AccessRecordTest, APolicyOfOtherMattersBarsNothing) {
-    writePolicy(R"({"somethingElse": "restricted"})");
-    EXPECT_EQ(record().read(), StoreAuthorization::notDetermined);
-    EXPECT_EQ(log.text(), "");
+TEST_F(AccessRecordTest, ASlipInTheNameOpensNothing) {
+    record().keep(true);
+    writePolicy(R"({"calendaraccess": "restricted"})");
+    EXPECT_EQ(record().read(), StoreAuthorization::restricted);
+    EXPECT_TRUE(log.has("policy.json", "\"calendaraccess\" is not known")) << log.text();
+}
+
+TEST_F(AccessRecordTest, APolicyThatSaysNothingOpensNothing) {
+    record().keep(true);
+    writePolicy("{}");
+    EXPECT_EQ(record().read(), StoreAuthorization::restricted);
+    EXPECT_TRUE(log.has("policy.json", "calendarAccess")) << log.text();
 }
 
 TEST_F(AccessRecordTest, APolicyWithoutSenseOpensNothing) {
