@@ -147,6 +147,7 @@ void FolderSource::lookAtFolder(const QByteArray &path, const StoreSource &sourc
         if (listedAt(path + '/' + name))
             entries->push_back({name, true});
     }
+    std::erase_if(*entries, [](const auto &entry) { return entry.name.endsWith(".tmp"); });
     std::sort(entries->begin(), entries->end(),
               [](const auto &left, const auto &right) { return left.name < right.name; });
     const bool hasItems = std::any_of(entries->begin(), entries->end(), isItem);

@@ -50,6 +50,7 @@ TEST_F(FolderSourceTest, AFolderOfFoldersHoldsACalendarEach) {
     files.write(QStringLiteral("home/work/a.ics"), sound);
     files.write(QStringLiteral("home/private/a.ics"), sound);
     files.write(QStringLiteral("home/.cache/a.ics"), sound);
+    files.write(QStringLiteral("home/work.tmp/a.ics"), sound);
     QDir().mkpath(files.path(QStringLiteral("home/empty")));
     const auto store = load({QStringLiteral("home")});
     EXPECT_THAT(calendarTitles(*store), ElementsAre("empty", "private", "work"));
