@@ -65,30 +65,31 @@ Column {
 
     Item { width: 1; height: 16 }
 
-    // Two in a row.
     Column {
         objectName: "statistics"
         anchors.horizontalCenter: parent.horizontalCenter
-        visible: root.viewModel.statistics.length > 0
+        visible: root.viewModel.sources.length + root.viewModel.refusals.length > 0
         spacing: 8
 
-        Repeater {
-            model: Math.ceil(root.viewModel.statistics.length / 2)
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: root.viewModel.sources.length > 0
+            spacing: 8
 
-            Row {
-                id: pair
-                required property int index
-                anchors.horizontalCenter: parent.horizontalCenter
-                spacing: 8
+            Repeater {
+                model: root.viewModel.sources
+                RecapPill {}
+            }
+        }
 
-                Repeater {
-                    model: Math.min(2, root.viewModel.statistics.length - 2 * pair.index)
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: root.viewModel.refusals.length > 0
+            spacing: 8
 
-                    RecapPill {
-                        required property int index
-                        text: root.viewModel.statistics[2 * pair.index + index]
-                    }
-                }
+            Repeater {
+                model: root.viewModel.refusals
+                RecapPill {}
             }
         }
     }

@@ -5,7 +5,7 @@ import Vantrel.Theme
 Rectangle {
     id: root
 
-    required property string text
+    required property string modelData
 
     implicitWidth: label.implicitWidth + 24
     implicitHeight: label.implicitHeight + 10
@@ -16,7 +16,7 @@ Rectangle {
     Text {
         id: label
         anchors.centerIn: parent
-        text: root.text
+        text: root.modelData
         textFormat: Text.PlainText
         color: root.ThemePaletteKey.palette.primaryText
         font: Typography.reading(Typography.size(0), Font.Medium)

@@ -2,9 +2,24 @@
 
 #include "RecapCopy.h"
 
+#include <initializer_list>
+#include <optional>
 #include <utility>
 
 namespace vantrel {
+
+namespace {
+
+QStringList present(std::initializer_list<std::optional<QString>> lines) {
+    QStringList found;
+    for (const auto &line : lines) {
+        if (line)
+            found.append(*line);
+    }
+    return found;
+}
+
+} // namespace
 
 void RecapViewModel::show(RecapView view) {
     m_view = std::move(view);
@@ -23,17 +38,14 @@ QString RecapViewModel::tail() const {
     return RecapCopy::tobbleFetched(m_view.weekly.totalRescues).tail.mid(count().size() + 1);
 }
 
-QStringList RecapViewModel::statistics() const {
-    const RescueStats &weekly = m_view.weekly;
-    QStringList lines;
-    for (const auto &line :
-         {RecapCopy::takeoverLine(weekly.rescuesFromTakeover),
-          RecapCopy::popoverLine(weekly.rescuesFromPopover), RecapCopy::snoozeLine(weekly.snoozes),
-          RecapCopy::dismissLine(weekly.dismisses)}) {
-        if (line)
-            lines.append(*line);
-    }
-    return lines;
+QStringList RecapViewModel::sources() const {
+    return present({RecapCopy::takeoverLine(m_view.weekly.rescuesFromTakeover),
+                    RecapCopy::popoverLine(m_view.weekly.rescuesFromPopover)});
+}
+
+QStringList RecapViewModel::refusals() const {
+    return present({RecapCopy::snoozeLine(m_view.weekly.snoozes),
+                    RecapCopy::dismissLine(m_view.weekly.dismisses)});
 }
 
 QString RecapViewModel::friends() const {

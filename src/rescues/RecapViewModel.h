@@ -21,7 +21,8 @@ class RecapViewModel : public QObject {
     Q_PROPERTY(QString lead READ lead NOTIFY changed FINAL)
     Q_PROPERTY(QString count READ count NOTIFY changed FINAL)
     Q_PROPERTY(QString tail READ tail NOTIFY changed FINAL)
-    Q_PROPERTY(QStringList statistics READ statistics NOTIFY changed FINAL)
+    Q_PROPERTY(QStringList sources READ sources NOTIFY changed FINAL)
+    Q_PROPERTY(QStringList refusals READ refusals NOTIFY changed FINAL)
     Q_PROPERTY(QString friends READ friends NOTIFY changed FINAL)
     Q_PROPERTY(QString flourish READ flourish NOTIFY changed FINAL)
     Q_PROPERTY(bool canSeedSample READ canSeedSample NOTIFY changed FINAL)
@@ -40,7 +41,11 @@ public:
     [[nodiscard]] QString count() const; ///< The week's rescues.
     [[nodiscard]] QString tail() const;  ///< What stands below the count.
 
-    [[nodiscard]] QStringList statistics() const;
+    // The week's figures, in the order in which they stand; those that are 0 are left out.
+
+    [[nodiscard]] QStringList sources() const;  ///< Where the user joined from.
+    [[nodiscard]] QStringList refusals() const; ///< How takeovers were turned away.
+
     [[nodiscard]] QString friends() const;  ///< A sentence; empty without any.
     [[nodiscard]] QString flourish() const; ///< Empty for none.
 

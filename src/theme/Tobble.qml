@@ -13,7 +13,8 @@ Item {
     Image {
         anchors.fill: parent
         source: "art/" + root.pose + (root.ThemePaletteKey.palette.isDark ? "-rimmed.svg" : ".svg")
-        sourceSize: Qt.size(root.width, root.height)
+        sourceSize.width: root.width
+        sourceSize.height: root.height
         fillMode: Image.PreserveAspectFit
     }
 }

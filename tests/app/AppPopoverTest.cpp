@@ -186,7 +186,7 @@ TEST_F(AppPopoverTest, CountsARescueInTheOpenRecapAtOnce) {
     coordinator->handleJoin(call);
     queue.runDue();
     EXPECT_EQ(recap->count(), u"1");
-    EXPECT_EQ(recap->statistics(), QStringList{QStringLiteral("1 from the popover")});
+    EXPECT_EQ(recap->sources(), QStringList{QStringLiteral("1 from the popover")});
 }
 
 TEST_F(AppPopoverTest, CountsTheWeekUpToTheDayOnWhichTheRecapIsOpened) {
