@@ -154,6 +154,7 @@ class TakeoverTest(unittest.TestCase):
         self.write_meeting_soon(agent, f"URL:{LINK}")
         self.wait_for_takeover()
         manager = self.window_manager_id()
+        self.desktop.start_bus()  # Which xfwm4 takes its settings from.
         self.desktop.start("xfwm4", "--replace", "--compositor=off")
         within(20, lambda: self.window_manager_id() not in (None, manager), "another manager runs")
         within(5, lambda: share(self.desktop.picture(), LEFT, SURFACE) > 0.7, "it is on top")
