@@ -166,12 +166,12 @@ Scene menu(Theme theme, Qt::LayoutDirection direction) {
                                                                        : QStringLiteral("rtl"));
     made.show = [=](const std::function<void(Stage &)> &look) {
         UpcomingMenuTarget target;
-        target.openPreferencesHandler = target.quitHandler = target.previewTakeoverHandler = [] {};
+        target.openRecapHandler = target.quitHandler = target.previewTakeoverHandler = [] {};
         MenuModel model([](const std::function<void()> &) {});
         model.show(target.menu(), {ThemePalette(palette(theme)), direction});
         const ViewContent content = menuContent(model);
         Stage stage(content, wantedSize(content), Stage::Ground::seenThrough);
-        stage.root().setProperty("current", 1);
+        stage.root().setProperty("current", 0);
         look(stage);
     };
     return made;
