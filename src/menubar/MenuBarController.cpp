@@ -2,6 +2,8 @@
 
 #include "MenuBarDisplayFormatter.h"
 
+#include <theme/DisplayTitle.h>
+
 #include <utility>
 
 namespace vantrel {
@@ -67,8 +69,9 @@ void MenuBarController::applyDisplay() {
     const auto text =
         event ? MenuBarDisplayFormatter::text({*event}, now) : std::optional<QString>();
     if (text) {
-        m_statusItem->setTitle(StatusTitle{event->calendarColor, *text});
-        m_statusItem->setToolTip(event->title);
+        // Hosts draw what they are given: a stranger's title must not turn the countdown around.
+        m_statusItem->setTitle(StatusTitle{event->calendarColor, displayTitle(*text)});
+        m_statusItem->setToolTip(displayTitle(event->title));
     } else {
         m_statusItem->setTitle(std::nullopt);
         m_statusItem->setToolTip(isPaused ? QStringLiteral("Vantrel (paused)") : applicationName());

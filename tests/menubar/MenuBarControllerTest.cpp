@@ -143,6 +143,25 @@ TEST_F(MenuBarControllerTest, ShowsNoMeetingWhenTheUserWantsNone) {
     EXPECT_EQ(calendar.store.fetchCount, fetches);
 }
 
+TEST_F(MenuBarControllerTest, FollowsTheWishForNoMeetingWhileOneIsShown) {
+    addMeeting("Review", "2026-03-02T10:00:00");
+    start();
+    calendar.preferences.setShowNextMeetingInMenuBar(false);
+    calendar.queue.runDue();
+    EXPECT_EQ(item().title, std::nullopt);
+    EXPECT_EQ(item().toolTip, u"Vantrel");
+    calendar.preferences.setShowNextMeetingInMenuBar(true);
+    calendar.queue.runDue();
+    EXPECT_EQ(title(), u"Review • in 60 min");
+}
+
+TEST_F(MenuBarControllerTest, LetsNoTitleTurnTheCountdownAround) {
+    addMeeting("Re\u202Eview\nof it", "2026-03-02T10:00:00");
+    start();
+    EXPECT_EQ(title(), u"Review of it • in 60 min");
+    EXPECT_EQ(item().toolTip, u"Review of it");
+}
+
 TEST_F(MenuBarControllerTest, FollowsTheSelectionOfCalendars) {
     addMeeting("Review", "2026-03-02T10:00:00");
     start();

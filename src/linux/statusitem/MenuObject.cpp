@@ -3,7 +3,7 @@
 #include "MenuAdaptor.h"
 
 #include <QDBusError>
-#include <QGuiApplication>
+#include <QLocale>
 
 namespace vantrel {
 
@@ -13,8 +13,9 @@ MenuObject::MenuObject(Listener listener) : m_listener(std::move(listener)) {
 }
 
 QString MenuObject::textDirection() const {
-    return QGuiApplication::layoutDirection() == Qt::RightToLeft ? QStringLiteral("rtl")
-                                                                 : QStringLiteral("ltr");
+    // The application's own direction follows a translation, of which there may be none.
+    return QLocale().textDirection() == Qt::RightToLeft ? QStringLiteral("rtl")
+                                                        : QStringLiteral("ltr");
 }
 
 uint MenuObject::GetLayout(int parentId, int recursionDepth, const QStringList &propertyNames,
