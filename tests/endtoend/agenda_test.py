@@ -189,11 +189,11 @@ class AgendaTest(unittest.TestCase):
         self.write("home/.config/Vantrel/calendars.json", json.dumps({"folders": [str(self.folder / "usb")]}))
         is_complete, errors = self.own_agenda()
         self.assertFalse(is_complete)
-        self.assertIn("vantrel: not every calendar could be read", errors)
+        self.assertIn(f"vantrel: {self.folder}/usb could not be read", errors)
         result = self.run_vantrel("agenda", "--now", "2026-03-02T07:00:00Z")
         self.assertEqual(result.returncode, 0)
         self.assertIn("10:00", result.stdout)
-        self.assertIn("vantrel: not every calendar could be read", result.stderr)
+        self.assertIn(f"vantrel: {self.folder}/usb could not be read", result.stderr)
 
     def test_says_that_the_folders_are_not_known(self):
         (self.home / ".config/Vantrel").mkdir(parents=True)
@@ -217,8 +217,10 @@ class AgendaTest(unittest.TestCase):
         result = self.run_vantrel("agenda", "--json", "--now", "2026-03-02T07:00:00Z",
                                   "--calendars", self.folder / "work")
         self.assertEqual(result.returncode, 0)
-        self.assertEqual(len(json.loads(result.stdout)["events"]), 1)
-        self.assertIn("bad.ics", result.stderr)
+        answer = json.loads(result.stdout)
+        self.assertEqual(len(answer["events"]), 1)
+        self.assertIs(answer["isComplete"], False)
+        self.assertIn(f"vantrel: {self.folder}/work/bad.ics is no whole calendar", result.stderr)
 
     def test_says_on_standard_error_what_is_wrong(self):
         for arguments, code in [

@@ -58,6 +58,14 @@ std::shared_ptr<const CalendarOccurrences> CalendarCatalog::occurrences() const 
     return std::make_shared<const CalendarOccurrences>(m_calendar, std::move(series));
 }
 
+std::optional<QByteArray> CalendarCatalog::brokenItem() const {
+    for (ItemIndex index = 0; index < m_items.size() && !m_brokenItems.empty(); ++index) {
+        if (m_brokenItems.contains(m_items[index].name))
+            return m_items[index].name;
+    }
+    return std::nullopt;
+}
+
 bool CalendarCatalog::adopt(const SourceCalendar &calendar) {
     const StoreCalendar &given = calendar.calendar;
     if (m_calendar && given.title == m_given.title && given.color == m_given.color &&
@@ -140,6 +148,10 @@ std::vector<CalendarCatalog::Entry> CalendarCatalog::readAnew(const std::vector<
             m_isIncomplete = true;
             continue;
         }
+        if (text->isComplete)
+            m_brokenItems.erase(m_items[item].name);
+        else
+            m_brokenItems.insert(m_items[item].name);
         if (text->isComplete || !m_items.isFromWholeText(item)) {
             isReplaced[item] = true;
             m_items.setFromWholeText(item, text->isComplete && !text->events.empty());

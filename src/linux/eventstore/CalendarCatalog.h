@@ -13,6 +13,7 @@
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace vantrel {
@@ -51,6 +52,9 @@ public:
     void rebuild(const CatalogContext &context);
 
     [[nodiscard]] std::shared_ptr<const CalendarOccurrences> occurrences() const;
+
+    /// An item whose text was no whole calendar when it was read last; empty when none was.
+    [[nodiscard]] std::optional<QByteArray> brokenItem() const;
 
 private:
     using ItemIndex = ItemList::Index;
@@ -100,7 +104,8 @@ private:
     bool m_isIncomplete = false; ///< Something could not be read: ask again, changed or not.
     std::shared_ptr<const StoreCalendar> m_calendar;
     ItemList m_items;
-    std::vector<Entry> m_entries; ///< By UID, then item.
+    std::set<QByteArray> m_brokenItems; ///< Names of those whose text was no whole calendar.
+    std::vector<Entry> m_entries;       ///< By UID, then item.
 };
 
 } // namespace vantrel

@@ -51,7 +51,7 @@ void SourceReader::readNow(const Aim &aim, Seconds patience) {
     m_core->source->start();
     m_core->source->waitUntilDelivered(patience);
     m_calendars = m_core->catalog.bring(aim.window, aim.zone);
-    m_trouble = m_core->source->trouble();
+    m_trouble = m_core->catalog.trouble();
 }
 
 void SourceReader::setAddresses(const QStringList &addresses) {
@@ -72,7 +72,7 @@ void SourceReader::readAgain() {
     m_threads.run(
         [core = m_core, found, aim = m_aim, addresses = m_addresses] {
             core->catalog.setAddresses(addresses);
-            *found = {core->catalog.bring(aim.window, aim.zone), core->source->trouble()};
+            *found = {core->catalog.bring(aim.window, aim.zone), core->catalog.trouble()};
         },
         [core = m_core, found] {
             if (core->owner)

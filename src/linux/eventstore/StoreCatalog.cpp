@@ -24,6 +24,7 @@ std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QT
                 return std::nullopt;
             order.push_back(calendar.calendar.calendarIdentifier);
             Known &known = m_known[order.back()];
+            known.source = source;
             calendar.hasChanges = calendar.hasChanges || !known.occurrences;
             bool isChanged = known.catalog.update(calendar, context) || !known.occurrences;
             if (isRebuilt && known.occurrences)
@@ -47,6 +48,19 @@ std::optional<EventIndex::Calendars> StoreCatalog::bring(Window window, const QT
     m_userZone = userZone;
     m_zones.forgetDescribedZones();
     return isDifferent ? std::optional(std::move(answers)) : std::nullopt;
+}
+
+QString StoreCatalog::trouble() const {
+    for (const ComponentSource *const source : m_sources) {
+        if (QString trouble = source->trouble(); !trouble.isEmpty())
+            return trouble;
+    }
+    for (const auto &[identifier, known] : m_known) {
+        if (const auto item = known.catalog.brokenItem())
+            return QStringLiteral("%1 is no whole calendar; events may be missing")
+                .arg(known.source->description(identifier, *item));
+    }
+    return {};
 }
 
 } // namespace vantrel

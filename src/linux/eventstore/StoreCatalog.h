@@ -27,6 +27,10 @@ public:
     /// answer can have become different.
     std::optional<EventIndex::Calendars> bring(Window window, const QTimeZone &userZone);
 
+    /// For people, in one sentence: what keeps it from showing all that there is. Empty when
+    /// nothing does.
+    [[nodiscard]] QString trouble() const;
+
     /// The user's own, from the next `bring` on.
     void setAddresses(QStringList addresses) { m_addresses = std::move(addresses); }
 
@@ -36,6 +40,7 @@ public:
 private:
     struct Known {
         CalendarCatalog catalog;
+        const ComponentSource *source = nullptr;
         std::shared_ptr<const CalendarOccurrences> occurrences;
     };
 

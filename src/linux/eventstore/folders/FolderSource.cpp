@@ -247,6 +247,17 @@ void FolderSource::addCalendar(const StoreSource &source, const QByteArray &path
     round.calendars.push_back(std::move(calendar));
 }
 
+QString FolderSource::trouble() const {
+    for (auto one = m_troubles.begin(); one != m_troubles.end(); ++one) {
+        const bool isGone = files::status(one.key()).kind == files::Kind::missing;
+        if (!isGone || one.value() == ENOENT)
+            return QStringLiteral("%1 could not be read in full (%2); events may be missing")
+                .arg(QFile::decodeName(one.key()),
+                     QString::fromLocal8Bit(std::strerror(one.value())));
+    }
+    return {};
+}
+
 std::optional<std::vector<SourceItem>> FolderSource::items(const QString &calendarIdentifier) {
     Place &place = m_places[calendarIdentifier];
     if (place.isAway)

@@ -46,6 +46,7 @@ public:
 
     [[nodiscard]] std::vector<SourceCalendar> calendars() override;
     [[nodiscard]] SourceKnowledge knowledge() const override { return m_knowledge; }
+    [[nodiscard]] QString trouble() const override;
     [[nodiscard]] std::optional<std::vector<SourceItem>>
     items(const QString &calendarIdentifier) override;
     [[nodiscard]] std::optional<QByteArray> text(const QString &calendarIdentifier,

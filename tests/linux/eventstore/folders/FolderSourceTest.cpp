@@ -163,6 +163,33 @@ TEST_F(FolderSourceTest, WhatCannotBeReadIsLoggedAndCostsNothingElse) {
     EXPECT_THAT(titles(*store), ElementsAre("x"));
     EXPECT_TRUE(log.has("secret.ics", "file not read")) << log.text();
     EXPECT_TRUE(log.has("closed", "folder not read")) << log.text();
+    EXPECT_EQ(store->troubles().size(), 1);
+}
+
+TEST_F(FolderSourceTest, TellsOfAFileThatCannotBeRead) {
+    const OrdinaryRights rights(files.path());
+    files.write(QStringLiteral("work/a.ics"), sound);
+    EXPECT_EQ(load({QStringLiteral("work")})->troubles(), QStringList());
+    ASSERT_EQ(::chmod(qPrintable(files.path(QStringLiteral("work/a.ics"))), 0), 0);
+    const QStringList troubles = load({QStringLiteral("work")})->troubles();
+    ASSERT_EQ(troubles.size(), 1);
+    EXPECT_TRUE(troubles[0].contains(QStringLiteral("work/a.ics"))) << qPrintable(troubles[0]);
+}
+
+TEST_F(FolderSourceTest, TellsOfAFileThatEndsInTheMiddle) {
+    files.write(QStringLiteral("work/a.ics"), sound);
+    files.write(QStringLiteral("work/b.ics"), sound.left(sound.size() / 2));
+    const QStringList troubles = load({QStringLiteral("work")})->troubles();
+    ASSERT_EQ(troubles.size(), 1);
+    EXPECT_TRUE(troubles[0].contains(QStringLiteral("work/b.ics"))) << qPrintable(troubles[0]);
+}
+
+TEST_F(FolderSourceTest, TellsOfAFileThatIsReadInPart) {
+    files.write(QStringLiteral("work/a.ics"),
+                calendarText(noonEvent("x")) + QByteArray(33 * 1024 * 1024, '\n'));
+    const QStringList troubles = load({QStringLiteral("work")})->troubles();
+    ASSERT_EQ(troubles.size(), 1);
+    EXPECT_TRUE(troubles[0].contains(QStringLiteral("work/a.ics"))) << qPrintable(troubles[0]);
 }
 
 TEST_F(FolderSourceTest, PermissionsTellWhetherACalendarCanBeChanged) {
