@@ -62,10 +62,10 @@ class AccountCalendarsTest(unittest.TestCase):
                                       for one in group["calendars"]]) for group in answer["groups"]]
         self.assert_listed(groups, [
             ("CalDAV", [("Office", "standard", True, True)]),
+            ("Calendar Folder", [("Home", "standard", True, True)]),
             ("Contacts", [("Birthdays & Anniversaries", "birthday", False, False)]),
             ("On The Web", [("Holidays", "subscription", False, False)]),
-            ("On This Computer", [("Personal", "standard", True, True)]),
-            ("On This Computer", [("Home", "standard", True, True)])])
+            ("On This Computer", [("Personal", "standard", True, True)])])
         answer = self.listed()
         self.assertEqual((answer["isComplete"], answer["isSelectionStored"], answer["notes"]), (True, False, []))
         identifiers = {one["title"]: (one["id"], one["color"]) for group in answer["groups"]

@@ -18,9 +18,10 @@ void EvolutionService::start() {
     listener.listed = [this](SourceList list) { take(std::move(list)); };
     listener.lost = [this] { lose(); };
     listener.failed = [this] {
-        m_table.settleRegistry(false);
+        // Ahead of the answer that somebody may be waiting for.
         m_table.setTrouble(QStringLiteral("Accounts of this desktop may be out of date: Evolution "
                                           "Data Server does not answer."));
+        m_table.settleRegistry(false);
         noteChange();
     };
     m_registry = std::make_shared<AccountRegistry>(std::move(listener));
