@@ -5,6 +5,7 @@
 #include "Output.h"
 
 #include <linux/activation/BusActivation.h>
+#include <linux/activation/SessionBusProbe.h>
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
@@ -37,6 +38,8 @@
 namespace vantrel {
 
 namespace {
+
+constexpr Seconds patienceWithBus{2.0};
 
 enum ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 
@@ -108,12 +111,17 @@ std::optional<ExitCode> endOfStart(BusActivation &activation, const RunAgent &co
         return done;
     case Claim::wasRefused:
         fail(failed, QStringLiteral("it runs already, but does not answer"));
-        return failed;
+        // A meeting shown twice is a nuisance, one that is not shown is missed.
+        return command.request == ActivationRequest::quit ? std::optional(failed) : std::nullopt;
     }
     Q_UNREACHABLE();
 }
 
 int runAgent(int &argc, char **argv, const RunAgent &command) {
+    if (!isSessionBusAnswering(patienceWithBus)) {
+        fail(failed, QStringLiteral("the session bus does not answer; going on without it"));
+        leaveSessionBusOut();
+    }
     const QGuiApplication application(argc, argv);
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);

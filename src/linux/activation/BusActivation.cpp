@@ -3,6 +3,7 @@
 #include <platform/Log.h>
 
 #include <QCryptographicHash>
+#include <QDBusError>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QEventLoop>
@@ -17,6 +18,7 @@ namespace {
 VANTREL_LOG(activationLog, "Activation")
 
 constexpr Seconds patience{5.0}; ///< With a bus, or another one, that does not answer.
+constexpr int mostTries = 20;
 constexpr char connectionName[] = "vantrel-activation";
 
 QString objectPath(const QString &busName) {
@@ -30,13 +32,25 @@ bool hasSessionBus() {
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
 }
 
+QDBusMessage callOfBus(const QString &member) {
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                          QStringLiteral("/org/freedesktop/DBus"),
+                                          QStringLiteral("org.freedesktop.DBus"), member);
+}
+
 QDBusMessage requestOfName(const QString &name) {
     constexpr uint doNotQueue = 4;
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    QDBusMessage message = callOfBus(QStringLiteral("RequestName"));
     message << name << doNotQueue;
     return message;
+}
+
+/// Whether nobody has answered because the one with the name has ended meanwhile.
+bool isEndOfOwner(const std::optional<QDBusMessage> &answer) {
+    if (!answer || answer->type() != QDBusMessage::ErrorMessage)
+        return false;
+    const QDBusError::ErrorType type = QDBusError(*answer).type();
+    return type == QDBusError::NoReply || type == QDBusError::ServiceUnknown;
 }
 
 QDBusMessage action(const QString &name, ActivationRequest request) {
@@ -66,12 +80,18 @@ BusActivation::BusActivation(MainQueue &queue, const std::optional<QString> &pro
     : m_queue(queue),
       m_name(busName(profile)),
       m_object([this](ActivationRequest request) { take(request); }) {
-    if (!hasSessionBus())
+    if (!hasSessionBus()) {
+        qCInfo(activationLog, "There is no session bus, so nobody can ask for the popover on it");
         return;
+    }
     QDBusConnection bus =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, QLatin1String(connectionName));
-    if (!bus.isConnected())
+    if (!bus.isConnected()) {
+        qCWarning(activationLog).noquote()
+            << "The session bus cannot be had, so nobody can ask for the popover on it:"
+            << bus.lastError().message();
         return;
+    }
     // Before the name is this one's: who waits for the name calls at once.
     bus.registerObject(objectPath(m_name), &m_object, QDBusConnection::ExportAdaptors);
     m_bus = bus;
@@ -85,20 +105,24 @@ BusActivation::~BusActivation() {
 BusActivation::Claim BusActivation::claim(ActivationRequest request) {
     constexpr uint isOwner = 1;
     constexpr uint isTaken = 3;
-    if (!m_bus) {
-        qCInfo(activationLog, "There is no session bus, so nobody can ask for the popover on it");
+    if (!m_bus)
         return Claim::isFirst;
+    // The one that runs may be at its end: then the name is free on the next try.
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const auto answer = ask(requestOfName(m_name));
+        const uint outcome = answer ? answer->arguments().value(0).toUInt() : 0;
+        if (outcome != isTaken) {
+            if (outcome != isOwner)
+                qCWarning(activationLog, "The session bus gives no name");
+            return Claim::isFirst;
+        }
+        const auto taken = ask(action(m_name, request));
+        if (taken && taken->type() == QDBusMessage::ReplyMessage)
+            return Claim::wasHandedOn;
+        if (!isEndOfOwner(taken))
+            break;
     }
-    const auto answer = ask(requestOfName(m_name));
-    const uint outcome = answer ? answer->arguments().value(0).toUInt() : 0;
-    if (outcome != isTaken) {
-        if (outcome != isOwner)
-            qCWarning(activationLog, "The session bus gives no name");
-        return Claim::isFirst;
-    }
-    const auto taken = ask(action(m_name, request));
-    return taken && taken->type() == QDBusMessage::ReplyMessage ? Claim::wasHandedOn
-                                                                : Claim::wasRefused;
+    return Claim::wasRefused;
 }
 
 std::optional<QDBusMessage> BusActivation::ask(const QDBusMessage &question) {
@@ -122,11 +146,20 @@ void BusActivation::take(ActivationRequest request) {
         m_waiting.push_back(request);
         return;
     }
+    // Whoever starts from here on is to run, and not to be answered by one that ends.
+    if (request == ActivationRequest::quit)
+        releaseName();
     // Behind the answer to the one who asks, who may wait for it while this one quits.
     m_queue.async([this, request, life = std::weak_ptr<char>(m_life)] {
         if (!life.expired())
             m_handler(request);
     });
+}
+
+void BusActivation::releaseName() {
+    QDBusMessage message = callOfBus(QStringLiteral("ReleaseName"));
+    message << m_name;
+    m_bus->asyncCall(message);
 }
 
 } // namespace vantrel

@@ -44,6 +44,7 @@ private:
     /// The answer; empty when none came in time.
     [[nodiscard]] std::optional<QDBusMessage> ask(const QDBusMessage &question);
     void take(ActivationRequest request);
+    void releaseName();
 
     MainQueue &m_queue;
     QString m_name;

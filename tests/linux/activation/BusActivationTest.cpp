@@ -85,6 +85,16 @@ TEST_F(BusActivationTest, IsFirstAgainAfterTheOtherHasEnded) {
     EXPECT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
 }
 
+TEST_F(BusActivationTest, LetsAnotherRunAsSoonAsItWasAskedToQuit) {
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    EXPECT_EQ(startAgain({QStringLiteral("quit")}), Claim::wasHandedOn);
+    EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::isFirst);
+    ASSERT_TRUE(waitForRequests(1));
+    EXPECT_THAT(requests, ElementsAre(ActivationRequest::quit));
+}
+
 TEST_F(BusActivationTest, RunsOncePerProfileHoweverItsFolderIsSpelled) {
     const QTemporaryDir profile;
     BusActivation activation(queue, profile.path());
@@ -125,11 +135,11 @@ TEST_F(BusActivationTest, AnswersTheCallsOfTheDesktopEntrySpecification) {
         call(QStringLiteral("Open"), {QStringList{QStringLiteral("file:///x")}, platformData}),
         QString());
     EXPECT_EQ(call(QStringLiteral("ActivateAction"),
-                   {QStringLiteral("quit"), QVariantList(), platformData}),
-              QString());
-    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
                    {QStringLiteral("format"), QVariantList(), platformData}),
               QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"));
+    EXPECT_EQ(call(QStringLiteral("ActivateAction"),
+                   {QStringLiteral("quit"), QVariantList(), platformData}),
+              QString());
     ASSERT_TRUE(waitForRequests(2));
     EXPECT_THAT(requests, ElementsAre(ActivationRequest::showPopover, ActivationRequest::quit));
 }
