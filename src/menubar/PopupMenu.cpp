@@ -30,10 +30,6 @@ void PopupMenu::show(Menu menu, QPoint click) {
     show(std::move(menu), {QRect(click + offset, QSize(0, 0)), PopupAlignment::leading});
 }
 
-void PopupMenu::show(Menu menu) {
-    show(std::move(menu), PopupPlace{std::nullopt, PopupAlignment::leading});
-}
-
 void PopupMenu::show(Menu menu, const PopupPlace &place) {
     m_model.show(std::move(menu), {ThemePalette(palette(m_preferences.selectedTheme())),
                                    m_currentCalendar().locale().textDirection()});

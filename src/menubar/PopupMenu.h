@@ -27,9 +27,6 @@ public:
     /// the loop, with the menu gone: it may destroy this object.
     void show(Menu menu, QPoint click);
 
-    /// In the corner where the status area usually is.
-    void show(Menu menu);
-
     void show(Menu menu, const PopupPlace &place);
 
     /// Harmless when it is not shown.

@@ -66,7 +66,7 @@ TEST_F(PopupMenuTest, ShowsTheItemsOfTheTime) {
 }
 
 TEST_F(PopupMenuTest, NeedsNoClick) {
-    menu.show(items());
+    menu.show(items(), PopupPlace{});
     EXPECT_FALSE(popups.popups[0]->places.at(0).anchor);
 }
 
