@@ -28,7 +28,7 @@ QString objectPath(const QString &busName) {
 
 /// Asked first, since the bus library would otherwise start a bus of its own by way of the display.
 bool hasSessionBus() {
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
            QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
 }
 
