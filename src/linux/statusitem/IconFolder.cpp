@@ -15,10 +15,9 @@ VANTREL_LOG(iconLog, "StatusIcon")
 
 constexpr QLatin1String themeFolder("hicolor/scalable/status");
 
-QString folderTemplate() {
+QString runtimeFolder() {
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return (runtime.isEmpty() ? QDir::tempPath() : runtime) +
-           QStringLiteral("/vantrel-icons-XXXXXX");
+    return runtime.isEmpty() ? QDir::tempPath() : runtime;
 }
 
 /// GTK's hosts paint every path of a symbolic icon in the panel's colour; KDE's those of the class
@@ -44,7 +43,8 @@ bool write(const QString &path, const QByteArray &bytes) {
 
 } // namespace
 
-IconFolder::IconFolder(SymbolArt art) : m_art(std::move(art)), m_folder(folderTemplate()) {
+IconFolder::IconFolder(SymbolArt art)
+    : m_art(std::move(art)), m_folder(runtimeFolder(), QStringLiteral("vantrel-icons-")) {
     if (!m_folder.isValid() || !QDir(m_folder.path()).mkpath(themeFolder))
         qCWarning(iconLog, "The icons cannot be written: %s",
                   qUtf8Printable(m_folder.errorString()));

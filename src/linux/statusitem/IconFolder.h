@@ -1,16 +1,16 @@
 #pragma once
 
+#include "OwnedFolder.h"
 #include "SymbolArt.h"
 
 #include <platform/Color.h>
 
 #include <QString>
-#include <QTemporaryDir>
 
 namespace vantrel {
 
 /// The item's icons as files, for hosts that take an icon by its name: a folder of their own in the
-/// user's runtime folder, which goes with this object.
+/// user's runtime folder, which goes with this object; see `OwnedFolder`.
 ///
 /// Each file lies in it twice, loose and as part of a theme, since hosts differ in where they look.
 /// Where nothing can be written the names are empty, and hosts take the pixmaps.
@@ -31,7 +31,7 @@ private:
     [[nodiscard]] QString named(const QString &name, const QByteArray &drawing) const;
 
     SymbolArt m_art;
-    QTemporaryDir m_folder;
+    OwnedFolder m_folder;
 };
 
 } // namespace vantrel
