@@ -15,6 +15,7 @@
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
 #include <linux/statusitem/DesktopStatusBar.h>
+#include <linux/termination/TerminationSignals.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
 #include <linux/views/ViewEngine.h>
 #include <linux/windows/QtWindows.h>
@@ -132,6 +133,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     BusActivation activation(queue, command.profile);
     if (const auto end = endOfStart(activation, command))
         return *end;
+    const TerminationSignals termination([] { QGuiApplication::quit(); });
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
     ViewEngine views;

@@ -1,8 +1,10 @@
 #!/usr/bin/python3
-"""The program started again while it runs, as from a launcher or by an action of its desktop entry."""
+"""The program started again while it runs, as from a launcher or by an action of its desktop entry,
+and how it ends."""
 
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import unittest
@@ -47,6 +49,29 @@ class ActivationTest(unittest.TestCase):
         self.assertEqual(self.agent.process.wait(20), 0)
         # Nothing runs that could be ended, and nothing is started for it.
         self.assertEqual(self.start_again("--action", "quit"), 0)
+
+    def icon_folders(self):
+        return [*(self.desktop.folder / "runtime").glob("vantrel-icons-*")]
+
+    def test_ends_on_a_signal_and_leaves_nothing_behind(self):
+        for kind in [signal.SIGTERM, signal.SIGINT]:
+            self.assertEqual(len(self.icon_folders()), 1)
+            self.agent.process.send_signal(kind)
+            self.assertEqual(self.agent.process.wait(20), 0)
+            self.panel.next(lambda record: record.get("event") == "gone")
+            self.assertEqual(self.icon_folders(), [])
+            self.agent.start()
+            self.panel.item(icon=FULL)
+
+    def test_removes_what_a_killed_one_left(self):
+        left = self.icon_folders()
+        self.agent.process.kill()
+        self.agent.process.wait()
+        self.assertEqual(self.icon_folders(), left)
+        self.agent.start()
+        self.panel.item(icon=FULL)
+        self.assertEqual(len(self.icon_folders()), 1)
+        self.assertNotEqual(self.icon_folders(), left)
 
 
 if __name__ == "__main__":
