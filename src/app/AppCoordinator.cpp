@@ -80,6 +80,7 @@ void AppCoordinator::startMenuBar() {
     actions.showMenu = [this](const Menu &menu, const auto &place) {
         m_popupMenu->show(menu, PopupPlace{place, PopupAlignment::leading});
     };
+    actions.checkForUpdates = [this] { checkForUpdates(); };
     actions.quit = m_services.terminate;
     m_menuBar = std::make_unique<MenuBarController>(m_services.statusBar, m_preferences, m_query,
                                                     m_services.queue, std::move(actions));
@@ -172,6 +173,11 @@ void AppCoordinator::openRecap() {
             m_rescueLog, m_preferences, m_services.windows, m_services.queue);
     m_recapWindowController->refresh();
     m_recapWindowController->show();
+}
+
+void AppCoordinator::checkForUpdates() {
+    closePopups();
+    m_services.softwareUpdater.checkForUpdates();
 }
 
 void AppCoordinator::previewTakeover(std::optional<Theme> themeOverride) {

@@ -19,6 +19,7 @@
 #include <platform/Published.h>
 #include <platform/ScreenLayout.h>
 #include <platform/ShieldingPanels.h>
+#include <platform/SoftwareUpdater.h>
 #include <platform/StatusItem.h>
 #include <platform/UserDefaults.h>
 #include <platform/Windows.h>
@@ -48,6 +49,7 @@ struct AppServices {
     StatusBar &statusBar;
     Popups &popups;
     Windows &windows;
+    SoftwareUpdater &softwareUpdater;
     CurrentCalendar currentCalendar;
     std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
@@ -119,6 +121,7 @@ private:
     void makePopover();
     void startMenuBar();
     void closePopups();
+    void checkForUpdates();
     void handleCalendarStoreChanged();
     void takeAccess(CalendarAccess::Status status);
 

@@ -14,6 +14,7 @@
 #include <linux/popup/QtPopups.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
+#include <linux/softwareupdater/SoftwareCenter.h>
 #include <linux/statusitem/DesktopStatusBar.h>
 #include <linux/termination/TerminationSignals.h>
 #include <linux/userdefaults/JsonUserDefaults.h>
@@ -147,10 +148,13 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     DesktopStatusBar statusBar(queue, symbolArt());
     QtPopups popups(views);
     QtWindows windows(views);
+    SoftwareCenter softwareUpdater(
+        queue, workspace, windows, [&preferences] { return chosenPalette(preferences); },
+        QCoreApplication::applicationFilePath(), QCoreApplication::applicationVersion());
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                windows, currentCalendar, &QGuiApplication::quit},
+                                windows, softwareUpdater, currentCalendar, &QGuiApplication::quit},
                                rescueLogFile(command.profile));
 
     store.start();

@@ -223,6 +223,16 @@ TEST_F(AppPopoverTest, QuitsFromItsMenu) {
     EXPECT_EQ(terminations, 1);
 }
 
+TEST_F(AppPopoverTest, ChecksForUpdatesWithNothingLeftOpen) {
+    start();
+    click();
+    click({PointerButton::right, false, QRect(100, 0, 24, 24)});
+    menuModel().choose(1);
+    queue.runDue();
+    EXPECT_EQ(updater.checks, 1);
+    EXPECT_TRUE(popups.shown().empty());
+}
+
 TEST_F(AppPopoverTest, PausesAndResumesAlerts) {
     start();
     click();
@@ -239,7 +249,7 @@ TEST_F(AppPopoverTest, ShowsTheItemsMenuOnARightClickAndNoPopover) {
     click({PointerButton::right, false, QRect(100, 0, 24, 24)});
     ASSERT_EQ(popups.shown().size(), 1U);
     EXPECT_EQ(shown("MenuView").places.back().anchor, QRect(100, 0, 24, 24));
-    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(Preferences…)", "(Check for Updates…)", "-",
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(Preferences…)", "Check for Updates…", "-",
                                                      "Quit Vantrel"}));
     menuModel().choose(3);
     queue.runDue();

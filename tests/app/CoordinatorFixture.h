@@ -8,6 +8,7 @@
 #include <fakes/RecordingPanels.h>
 #include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingUpdater.h>
 #include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
@@ -77,7 +78,7 @@ protected:
     void start() {
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
-            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows,
+            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows, updater,
                         [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
@@ -96,6 +97,7 @@ protected:
     fakes::RecordingStatusBar statusBar;
     fakes::RecordingPopups popups;
     fakes::RecordingWindows windows;
+    fakes::RecordingUpdater updater;
     int terminations = 0;
     std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
     CalendarAccess access{store};

@@ -29,4 +29,7 @@ struct Scene {
 /// The popover with the upcoming meetings and its menu, over palettes, languages and lists.
 [[nodiscard]] std::vector<Scene> popoverScenes();
 
+/// The window about updates, over palettes, installations and sizes.
+[[nodiscard]] std::vector<Scene> updatesScenes();
+
 } // namespace vantrel::gallery

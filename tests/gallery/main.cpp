@@ -80,7 +80,7 @@ int main(int argc, char **argv) {
     parser.process(application);
 
     auto scenes = takeoverScenes();
-    for (const auto &more : {consentScenes(), popoverScenes(), recapScenes()})
+    for (const auto &more : {consentScenes(), popoverScenes(), recapScenes(), updatesScenes()})
         scenes.insert(scenes.end(), more.begin(), more.end());
     const QStringList only = parser.values(onlyOption);
     if (parser.isSet(listOption)) {
