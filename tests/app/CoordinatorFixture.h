@@ -78,8 +78,8 @@ protected:
     void start() {
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
-            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows, updater,
-                        [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
+            AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows,
+                        updater, [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
         queue.runDue();
