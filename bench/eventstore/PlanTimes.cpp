@@ -4,11 +4,13 @@
 #include "SampleQueue.h"
 
 #include <app/AppCoordinator.h>
+#include <fakes/FakeLoginItem.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/RecordingPanels.h>
 #include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingUpdater.h>
 #include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 
@@ -56,9 +58,12 @@ void measurePlans(const StoreConfiguration &configuration, const QStringList &wr
     fakes::RecordingStatusBar statusBar;
     fakes::RecordingPopups popups;
     fakes::RecordingWindows windows;
+    fakes::RecordingUpdater updater;
+    fakes::FakeLoginItem loginItem;
     AppCoordinator coordinator(preferences, access,
                                AppServices{queue, defaults, workspace, screens, panels, statusBar,
-                                           popups, windows, sampleCalendar, [] {}},
+                                           popups, windows, updater, loginItem, sampleCalendar,
+                                           [] {}},
                                folder.filePath(QStringLiteral("rescues.json")));
     store->start();
     coordinator.start();

@@ -14,6 +14,7 @@
 #include <menubar/UpcomingEventsViewModel.h>
 #include <platform/Activation.h>
 #include <platform/LocalCalendar.h>
+#include <platform/LoginItem.h>
 #include <platform/MainQueue.h>
 #include <platform/Popups.h>
 #include <platform/Published.h>
@@ -27,6 +28,7 @@
 #include <preferences/PreferencesStore.h>
 #include <rescues/RecapWindowController.h>
 #include <rescues/RescueLog.h>
+#include <system/LaunchAtLoginManager.h>
 #include <takeover/TakeoverTriggerScheduler.h>
 #include <takeover/TakeoverWindowController.h>
 #include <theme/Theme.h>
@@ -50,6 +52,7 @@ struct AppServices {
     Popups &popups;
     Windows &windows;
     SoftwareUpdater &softwareUpdater;
+    LoginItem &loginItem;
     CurrentCalendar currentCalendar;
     std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
@@ -134,6 +137,7 @@ private:
     UpcomingEventsQuery m_query;
     UpcomingEventsViewModel m_upcomingEventsViewModel;
     TakeoverWindowController m_takeoverWindowController;
+    LaunchAtLoginManager m_launchAtLoginManager;
     RescueLog m_rescueLog;
     TemplateCopyProvider m_copyProvider;
     TakeoverTriggerScheduler m_takeoverTriggerScheduler;

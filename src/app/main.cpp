@@ -10,6 +10,7 @@
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
 #include <linux/eventstore/folders/FolderDescription.h>
+#include <linux/loginitem/AutostartLoginItem.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopups.h>
 #include <linux/shield/QtScreenLayout.h>
@@ -86,6 +87,14 @@ QString rescueLogFile(const std::optional<QString> &profile) {
     return profile ? *profile + QStringLiteral("/rescues.json") : RescueLogStore::defaultFileURL();
 }
 
+/// The running program, with the same profile.
+QStringList commandOfLogin(const std::optional<QString> &profile) {
+    QStringList command{QCoreApplication::applicationFilePath()};
+    if (profile)
+        command << QStringLiteral("--profile") << QFileInfo(*profile).absoluteFilePath();
+    return command;
+}
+
 /// Made ahead, so that what is stored there for the first time finds its folder.
 bool makeFolder(const std::optional<QString> &profile) {
     return !profile || QDir().mkpath(*profile);
@@ -151,10 +160,13 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     SoftwareCenter softwareUpdater(
         queue, workspace, windows, [&preferences] { return chosenPalette(preferences); },
         QCoreApplication::applicationFilePath(), QCoreApplication::applicationVersion());
+    AutostartLoginItem loginItem(BusActivation::busName(command.profile),
+                                 commandOfLogin(command.profile));
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                windows, softwareUpdater, currentCalendar, &QGuiApplication::quit},
+                                windows, softwareUpdater, loginItem, currentCalendar,
+                                &QGuiApplication::quit},
                                rescueLogFile(command.profile));
 
     store.start();

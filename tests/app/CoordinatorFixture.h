@@ -2,6 +2,7 @@
 
 #include <app/AppCoordinator.h>
 #include <fakes/FakeEventStore.h>
+#include <fakes/FakeLoginItem.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
@@ -79,7 +80,8 @@ protected:
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
             AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows,
-                        updater, [] { return fakes::calendarIn(); }, [this] { ++terminations; }},
+                        updater, loginItem, [] { return fakes::calendarIn(); },
+                        [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
         queue.runDue();
@@ -98,6 +100,7 @@ protected:
     fakes::RecordingPopups popups;
     fakes::RecordingWindows windows;
     fakes::RecordingUpdater updater;
+    fakes::FakeLoginItem loginItem;
     int terminations = 0;
     std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
     CalendarAccess access{store};

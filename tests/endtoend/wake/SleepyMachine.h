@@ -6,12 +6,14 @@
 #include "LoginManager.h"
 
 #include <app/AppCoordinator.h>
+#include <fakes/FakeLoginItem.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
 #include <fakes/RecordingPanels.h>
 #include <fakes/RecordingPopups.h>
 #include <fakes/RecordingStatusBar.h>
+#include <fakes/RecordingUpdater.h>
 #include <fakes/RecordingWindows.h>
 #include <fakes/RecordingWorkspace.h>
 #include <fakes/Times.h>
@@ -128,6 +130,8 @@ private:
     fakes::RecordingStatusBar m_statusBar;
     fakes::RecordingPopups m_popups;
     fakes::RecordingWindows m_windows;
+    fakes::RecordingUpdater m_updater;
+    fakes::FakeLoginItem m_loginItem;
     std::unique_ptr<CalendarAccess> m_access;
     std::unique_ptr<AppCoordinator> m_coordinator;
     Subscription m_subscription;
