@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Backoff.h"
 #include "TypingGuard.h"
 #include "X11.h"
 
+#include <platform/Backoff.h>
 #include <platform/MainQueue.h>
 #include <platform/Published.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Backoff.h"
 #include "X11Keyboard.h"
 
+#include <platform/Backoff.h>
 #include <platform/MainQueue.h>
 
 #include <set>

@@ -1,4 +1,4 @@
-#include <linux/shield/Backoff.h>
+#include <platform/Backoff.h>
 
 #include <gtest/gtest.h>
 
