@@ -5,7 +5,6 @@
 #include "Output.h"
 
 #include <linux/activation/BusActivation.h>
-#include <linux/activation/SessionBusProbe.h>
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
@@ -13,6 +12,7 @@
 #include <linux/loginitem/AutostartLoginItem.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopups.h>
+#include <linux/sessionbus/SessionBusProbe.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
 #include <linux/softwareupdater/SoftwareCenter.h>

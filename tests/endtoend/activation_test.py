@@ -22,7 +22,7 @@ OUTLINE = "vantrel-pawprint-symbolic"
 class ActivationTest(unittest.TestCase):
     def setUp(self):
         self.desktop = self.enterContext(Desktop())
-        self.desktop.start_bus()
+        self.bus = self.desktop.start_bus()
         self.panel = self.enterContext(PanelProcess(self.desktop.environment))
         self.agent = Agent(self.desktop, VANTREL)
         self.panel.item(icon=FULL)
@@ -49,6 +49,18 @@ class ActivationTest(unittest.TestCase):
         self.assertEqual(self.agent.process.wait(20), 0)
         # Nothing runs that could be ended, and nothing is started for it.
         self.assertEqual(self.start_again("--action", "quit"), 0)
+
+    def test_is_there_again_after_the_bus_was_restarted(self):
+        self.desktop.end(self.bus)
+        self.bus = self.desktop.start_bus()
+        panel = self.enterContext(PanelProcess(self.desktop.environment))
+        panel.item(icon=FULL)
+        within(20, lambda: b"org.vantrel.Vantrel" in self.desktop.ask(
+            "dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
+            "org.freedesktop.DBus.ListNames"), "the program has its name")
+        self.assertEqual(self.start_again("--action", "pause"), 0)
+        self.assertIsNone(self.agent.process.poll())
+        panel.item(icon=OUTLINE)
 
     def icon_folders(self):
         return [*(self.desktop.folder / "runtime").glob("vantrel-icons-*")]

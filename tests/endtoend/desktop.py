@@ -81,10 +81,12 @@ class Session(contextlib.ExitStack):
         return self
 
     def start_bus(self):
-        """The session bus. Programs that were started before find none."""
+        """The session bus. Programs that were started before look for it again only where a bus was
+        to be there."""
         address = self.environment["DBUS_SESSION_BUS_ADDRESS"]
-        self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}")
+        daemon = self.start("dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address={address}")
         within(10, (self.folder / "bus").exists, "the bus is up")
+        return daemon
 
     def start(self, *command, **options):
         log = open(self.folder / f"{pathlib.Path(command[0]).name}.log", "ab")

@@ -17,7 +17,7 @@ FLOORS = [
     ["app"],
 ]
 # What every service of the desktop may stand on.
-GROUND_OF_SERVICES = {"linux/views"}
+GROUND_OF_SERVICES = {"linux/sessionbus", "linux/views"}
 FLOOR_OF = {room: floor for floor, rooms in enumerate(FLOORS) for room in rooms}
 
 # What belongs to the desktop's services, by the beginning of the header's name.

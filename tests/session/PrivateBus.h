@@ -14,8 +14,17 @@ public:
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
 
+    /// The one that this process has.
+    [[nodiscard]] static PrivateBus &current();
+
+    /// Ends it, and every connection to it.
+    void stop();
+    /// Starts another one at the same address.
+    void start();
+
 private:
     QTemporaryDir m_runtime;
+    QString m_address;
     QProcess m_daemon;
 };
 

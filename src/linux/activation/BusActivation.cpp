@@ -1,5 +1,6 @@
 #include "BusActivation.h"
 
+#include <linux/sessionbus/BusCalls.h>
 #include <platform/Log.h>
 
 #include <QCryptographicHash>
@@ -19,30 +20,12 @@ VANTREL_LOG(activationLog, "Activation")
 
 constexpr Seconds patience{5.0}; ///< With a bus, or another one, that does not answer.
 constexpr int mostTries = 20;
-constexpr char connectionName[] = "vantrel-activation";
+constexpr uint isOwner = 1; ///< The bus's answer to the request of a name, and the other one.
+constexpr uint isTaken = 3;
 
 QString objectPath(const QString &busName) {
     QString path = u'/' + busName;
     return path.replace(u'.', u'/');
-}
-
-/// Asked first, since the bus library would otherwise start a bus of its own by way of the display.
-bool hasSessionBus() {
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-}
-
-QDBusMessage callOfBus(const QString &member) {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), member);
-}
-
-QDBusMessage requestOfName(const QString &name) {
-    constexpr uint doNotQueue = 4;
-    QDBusMessage message = callOfBus(QStringLiteral("RequestName"));
-    message << name << doNotQueue;
-    return message;
 }
 
 /// Whether nobody has answered because the one with the name has ended meanwhile.
@@ -79,36 +62,25 @@ QString BusActivation::busName(const std::optional<QString> &profile) {
 BusActivation::BusActivation(MainQueue &queue, const std::optional<QString> &profile)
     : m_queue(queue),
       m_name(busName(profile)),
-      m_object([this](ActivationRequest request) { take(request); }) {
-    if (!hasSessionBus()) {
-        qCInfo(activationLog, "There is no session bus, so nobody can ask for the popover on it");
-        return;
-    }
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QLatin1String(connectionName));
-    if (!bus.isConnected()) {
-        qCWarning(activationLog).noquote()
-            << "The session bus cannot be had, so nobody can ask for the popover on it:"
-            << bus.lastError().message();
-        return;
-    }
+      m_object([this](ActivationRequest request) { take(request); }),
+      m_bus(queue, QStringLiteral("vantrel-activation"),
+            {[this](const QDBusConnection &bus) { enter(bus); }, [this] { m_search.quit(); }}) {}
+
+void BusActivation::enter(QDBusConnection bus) {
     // Before the name is this one's: who waits for the name calls at once.
     bus.registerObject(objectPath(m_name), &m_object, QDBusConnection::ExportAdaptors);
-    m_bus = bus;
-}
-
-BusActivation::~BusActivation() {
-    m_bus.reset();
-    QDBusConnection::disconnectFromBus(QLatin1String(connectionName));
+    if (m_hasClaimed && !m_isEnding)
+        claimAgain(bus);
+    m_search.quit();
 }
 
 BusActivation::Claim BusActivation::claim(ActivationRequest request) {
-    constexpr uint isOwner = 1;
-    constexpr uint isTaken = 3;
-    if (!m_bus)
-        return Claim::isFirst;
+    const ScheduledWork limit = m_queue.after(patience, [this] { m_search.quit(); });
+    if (!m_bus.isKnown())
+        m_search.exec(QEventLoop::ExcludeUserInputEvents);
+    m_hasClaimed = true;
     // The one that runs may be at its end: then the name is free on the next try.
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; m_bus.bus() && tries < mostTries; ++tries) {
         const auto answer = ask(requestOfName(m_name));
         const uint outcome = answer ? answer->arguments().value(0).toUInt() : 0;
         if (outcome != isTaken) {
@@ -120,13 +92,26 @@ BusActivation::Claim BusActivation::claim(ActivationRequest request) {
         if (taken && taken->type() == QDBusMessage::ReplyMessage)
             return Claim::wasHandedOn;
         if (!isEndOfOwner(taken))
-            break;
+            return Claim::wasRefused;
     }
-    return Claim::wasRefused;
+    return m_bus.bus() ? Claim::wasRefused : Claim::isFirst;
+}
+
+void BusActivation::claimAgain(const QDBusConnection &bus) {
+    auto *claim = new QDBusPendingCallWatcher(bus.asyncCall(requestOfName(m_name)), &m_object);
+    QObject::connect(claim, &QDBusPendingCallWatcher::finished, claim, [claim] {
+        claim->deleteLater();
+        // Whoever came first while there was no bus is the one that is asked. Both run: a meeting
+        // shown twice is a nuisance, one that is not shown is missed.
+        if (claim->reply().arguments().value(0).toUInt() != isOwner)
+            qCWarning(activationLog, "Another one has the program's name on the session bus");
+    });
 }
 
 std::optional<QDBusMessage> BusActivation::ask(const QDBusMessage &question) {
-    QDBusPendingCallWatcher watcher(m_bus->asyncCall(question));
+    if (!m_bus.bus())
+        return std::nullopt;
+    QDBusPendingCallWatcher watcher(m_bus.bus()->asyncCall(question));
     QEventLoop loop;
     QObject::connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
     const ScheduledWork limit = m_queue.after(patience, [&loop] { loop.quit(); });
@@ -147,8 +132,10 @@ void BusActivation::take(ActivationRequest request) {
         return;
     }
     // Whoever starts from here on is to run, and not to be answered by one that ends.
-    if (request == ActivationRequest::quit)
+    if (request == ActivationRequest::quit) {
+        m_isEnding = true;
         releaseName();
+    }
     // Behind the answer to the one who asks, who may wait for it while this one quits.
     m_queue.async([this, request, life = std::weak_ptr<char>(m_life)] {
         if (!life.expired())
@@ -157,9 +144,11 @@ void BusActivation::take(ActivationRequest request) {
 }
 
 void BusActivation::releaseName() {
+    if (!m_bus.bus())
+        return;
     QDBusMessage message = callOfBus(QStringLiteral("ReleaseName"));
     message << m_name;
-    m_bus->asyncCall(message);
+    m_bus.bus()->asyncCall(message);
 }
 
 } // namespace vantrel

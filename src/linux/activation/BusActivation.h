@@ -2,11 +2,13 @@
 
 #include "ApplicationObject.h"
 
+#include <linux/sessionbus/SessionBusLink.h>
 #include <platform/Activation.h>
 #include <platform/MainQueue.h>
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QEventLoop>
 #include <QString>
 
 #include <functional>
@@ -17,7 +19,7 @@
 namespace vantrel {
 
 /// One running program a session and profile, by a name on the session bus: the one that has the
-/// name is asked what others were started for.
+/// name is asked what others were started for. The name is taken again when the bus was restarted.
 class BusActivation : public Activation {
 public:
     enum class Claim {
@@ -30,7 +32,7 @@ public:
     BusActivation(MainQueue &queue, const std::optional<QString> &profile);
     BusActivation(const BusActivation &) = delete;
     BusActivation &operator=(const BusActivation &) = delete;
-    ~BusActivation() override;
+    ~BusActivation() override = default;
 
     /// Runs the event loop until it is known whether another one runs, for some seconds at most.
     [[nodiscard]] Claim claim(ActivationRequest request);
@@ -41,6 +43,8 @@ public:
     [[nodiscard]] static QString busName(const std::optional<QString> &profile);
 
 private:
+    void enter(QDBusConnection bus);
+    void claimAgain(const QDBusConnection &bus);
     /// The answer; empty when none came in time.
     [[nodiscard]] std::optional<QDBusMessage> ask(const QDBusMessage &question);
     void take(ActivationRequest request);
@@ -49,10 +53,13 @@ private:
     MainQueue &m_queue;
     QString m_name;
     ApplicationObject m_object;
-    std::optional<QDBusConnection> m_bus;
+    QEventLoop m_search; ///< For a bus, before the first claim.
+    bool m_hasClaimed = false;
+    bool m_isEnding = false;
     std::function<void(ActivationRequest)> m_handler;
     std::vector<ActivationRequest> m_waiting;
     std::shared_ptr<char> m_life = std::make_shared<char>();
+    SessionBusLink m_bus;
 };
 
 } // namespace vantrel

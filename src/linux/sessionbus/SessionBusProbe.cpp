@@ -118,6 +118,12 @@ QByteArray hello() {
 
 } // namespace
 
+bool hasSessionBus() {
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    return !qgetenv(addressVariable).isEmpty() ||
+           (!runtime.isEmpty() && ::access((runtime + "/bus").constData(), F_OK) == 0);
+}
+
 bool isSessionBusAnswering(Seconds patience) {
     const auto place = socketOf(addressOfBus());
     if (!place)

@@ -4,6 +4,10 @@
 
 namespace vantrel {
 
+/// Whether there is an address to look for a bus at. The bus library would otherwise start a bus of
+/// its own by way of the display.
+[[nodiscard]] bool hasSessionBus();
+
 /// Whether the session bus lets a program in, within `patience`, for which it blocks at most.
 ///
 /// The libraries that talk to the bus wait for this without any limit, on the thread that asks:

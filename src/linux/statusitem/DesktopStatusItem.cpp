@@ -11,10 +11,7 @@ DesktopStatusItem::DesktopStatusItem(MainQueue &queue, const SymbolArt &art,
     : m_queue(queue),
       m_listener(std::move(listener)),
       m_art(art),
-      m_notifier(art, notifierListener()) {
-    if (!m_notifier.hasBus())
-        follow(false);
-}
+      m_notifier(queue, art, notifierListener()) {}
 
 StatusNotifier::Listener DesktopStatusItem::notifierListener() {
     return {{[this](QPoint pixel) { activate(PointerButton::left, placeOfClick(pixel)); },

@@ -6,6 +6,8 @@
 #include "SymbolArt.h"
 #include "WatcherLink.h"
 
+#include <linux/sessionbus/SessionBusLink.h>
+
 #include <QDBusConnection>
 #include <QString>
 
@@ -15,35 +17,35 @@
 namespace vantrel {
 
 /// A status item on the session bus, with its menu, for the hosts of StatusNotifierItem. It has a
-/// connection of its own, so that everything of it goes when it does. All its calls are
-/// asynchronous; the listeners are called from the event loop, in the midst of a call from the bus.
+/// connection of its own, so that everything of it goes when it does, and comes back when the bus
+/// does. All its calls are asynchronous; the listeners are called from the event loop, in the midst
+/// of a call from the bus.
 class StatusNotifier {
 public:
     struct Listener {
         NotifierObject::Listener item;
         MenuObject::Listener menu;
+        /// Also when there is no bus to look for one on.
         std::function<void(bool isThere)> watcherPresence;
     };
 
-    /// Without a session bus it does nothing but say so in the log.
-    StatusNotifier(const SymbolArt &art, Listener listener);
+    /// `queue` must outlive it.
+    StatusNotifier(MainQueue &queue, const SymbolArt &art, Listener listener);
     StatusNotifier(const StatusNotifier &) = delete;
     StatusNotifier &operator=(const StatusNotifier &) = delete;
-    ~StatusNotifier();
+    ~StatusNotifier() = default;
 
     void show(const ItemLook &look) { m_item.show(look); }
 
-    /// Whether there is a session bus to look for a watcher on.
-    [[nodiscard]] bool hasBus() const { return m_link != nullptr; }
-
 private:
-    void connectToBus(std::function<void(bool)> watcherPresence);
+    void enter(QDBusConnection bus);
 
-    int m_number; ///< Of the item within the process, from 1.
-    QString m_connectionName;
+    const int m_number; ///< Of the item within the process, from 1.
+    const std::function<void(bool)> m_watcherPresence;
     NotifierObject m_item;
     MenuObject m_menu;
-    std::unique_ptr<WatcherLink> m_link;
+    SessionBusLink m_bus;
+    std::unique_ptr<WatcherLink> m_watcher; ///< While there is a bus.
 };
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 #include "WatcherLink.h"
 
+#include <linux/sessionbus/BusCalls.h>
 #include <platform/Log.h>
 
 #include <QDBusMessage>
@@ -35,9 +36,7 @@ WatcherLink::WatcherLink(QDBusConnection bus, QString itemName, std::function<vo
       m_watcher(watcherName, m_bus, QDBusServiceWatcher::WatchForOwnerChange) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &, const QString &owner) { take(owner); });
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
+    QDBusMessage question = callOfBus(QStringLiteral("GetNameOwner"));
     question << watcherName;
     call(m_bus, question, this, [this](const QDBusPendingReply<QString> &answer) {
         // A change may have been told before this answer; then it is the later news.

@@ -1,7 +1,9 @@
 #include <linux/activation/BusActivation.h>
 #include <linux/mainqueue/QtMainQueue.h>
+#include <session/PrivateBus.h>
 #include <session/Waiting.h>
 
+#include <QDBusConnectionInterface>
 #include <QDBusPendingCallWatcher>
 #include <QDBusReply>
 #include <QDir>
@@ -115,6 +117,24 @@ TEST_F(BusActivationTest, SaysWhenTheOneThatHasTheNameDoesNotTakeTheRequest) {
     ASSERT_TRUE(stranger.registerService(name));
     EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::wasRefused);
     stranger.unregisterService(name);
+}
+
+TEST_F(BusActivationTest, IsTheOneThatIsAskedAgainAfterTheBusWasRestarted) {
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    PrivateBus::current().stop();
+    PrivateBus::current().start();
+    QDBusConnection desktop =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("restart"));
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            return desktop.interface()->isServiceRegistered(BusActivation::busName(std::nullopt));
+        },
+        Looking::often));
+    EXPECT_EQ(startAgain({QStringLiteral("pause")}), Claim::wasHandedOn);
+    ASSERT_TRUE(waitForRequests(1));
+    EXPECT_THAT(requests, ElementsAre(ActivationRequest::togglePause));
 }
 
 TEST_F(BusActivationTest, IsFirstWithoutASessionBus) {

@@ -1,4 +1,4 @@
-#include <linux/activation/SessionBusProbe.h>
+#include <linux/sessionbus/SessionBusProbe.h>
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,5 +1,7 @@
 #include "StatusItemFixture.h"
 
+#include <session/PrivateBus.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -67,6 +69,22 @@ TEST_F(StatusItemTest, RegistersWithThePanelThatIsStartedInPlaceOfADeadOne) {
     }
     Panel second;
     second.awaitItem(text("title"), text("Vantrel"));
+}
+
+TEST_F(StatusItemTest, RegistersAgainAfterTheBusWasRestarted) {
+    makeItem();
+    {
+        Panel first;
+        first.awaitItem(text("title"), text("Vantrel"));
+    }
+    PrivateBus::current().stop();
+    item->setTitle(titled(text("Stand-up")));
+    PrivateBus::current().start();
+    Panel second;
+    second.awaitItem(text("title"), text("Stand-up"));
+    second.ask(text("activate"), {{text("x"), 310}, {text("y"), 12}});
+    EXPECT_EQ(nextClick().place, QRect(310, 12, 0, 0));
+    EXPECT_FALSE(second.ask(text("menu")).contains(u"error"));
 }
 
 TEST_F(StatusItemTest, LeavesThePanelWhenItIsDestroyed) {

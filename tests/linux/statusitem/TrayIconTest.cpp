@@ -1,6 +1,8 @@
 #include "StatusItemFixture.h"
 #include "Tray.h"
 
+#include <session/PrivateBus.h>
+
 #include <QCursor>
 #include <QFile>
 #include <QJsonArray>
@@ -8,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 namespace vantrel::tests {
@@ -71,6 +74,30 @@ TEST_F(TrayIconTest, GoesWhenAWatcherAppearsAndComesBackWhenItGoes) {
     panel.await(QStringLiteral("registered"));
     EXPECT_TRUE(waitUntil([&] { return !tray->docked(); }));
     panel.stop();
+    EXPECT_TRUE(isDocked(tray));
+}
+
+TEST_F(TrayIconTest, StandsInForAPanelWhoseBusWasLost) {
+    std::optional<Tray> tray(std::in_place);
+    auto panel = std::make_unique<Panel>();
+    makeItem();
+    panel->await(QStringLiteral("registered"));
+    EXPECT_FALSE(tray->docked());
+    panel.reset();
+    PrivateBus::current().stop();
+    EXPECT_TRUE(isDocked(tray));
+    PrivateBus::current().start();
+    panel = std::make_unique<Panel>();
+    panel->await(QStringLiteral("registered"));
+    EXPECT_TRUE(waitUntil([&] { return !tray->docked(); }));
+}
+
+TEST_F(TrayIconTest, DocksWhereThereIsNoSessionBus) {
+    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    std::optional<Tray> tray(std::in_place);
+    makeItem();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
     EXPECT_TRUE(isDocked(tray));
 }
 

@@ -3,10 +3,10 @@
 #include "ModuleEntry.h"
 
 #include <linux/eventstore/source/StoreLog.h>
+#include <linux/sessionbus/SessionBusProbe.h>
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
 #include <QLibrary>
 #include <QMetaObject>
 #include <QStandardPaths>
@@ -30,12 +30,6 @@ bool isServiceInstalled() {
     const QString file =
         serviceFolder() + QStringLiteral("/org.gnome.evolution.dataserver.Sources5.service");
     return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
-}
-
-bool hasSessionBus() {
-    const QString place = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS") ||
-           (!place.isEmpty() && QFileInfo::exists(place + QStringLiteral("/bus")));
 }
 
 } // namespace
