@@ -27,13 +27,13 @@ Scene scene(Theme theme, const QString &name, const Installation &installation, 
 } // namespace
 
 std::vector<Scene> updatesScenes() {
-    constexpr QSize usual(480, 360);
+    constexpr QSize usual(480, 380);
     const Installation package{PackageSystem::debian, QStringLiteral("vantrel")};
     std::vector<Scene> scenes;
     for (const Theme theme : allThemes)
         scenes.push_back(scene(theme, QStringLiteral("package"), package, usual));
     scenes.push_back(scene(Theme::hearth, QStringLiteral("build"), {}, usual));
-    scenes.push_back(scene(Theme::hearth, QStringLiteral("least"), package, {400, 320}));
+    scenes.push_back(scene(Theme::hearth, QStringLiteral("least"), package, {420, 380}));
     return scenes;
 }
 

@@ -20,7 +20,7 @@ std::optional<Url> componentUrl() {
 }
 
 WindowDescription updatesWindow() {
-    return {QStringLiteral("Updates"), {480, 360}, {400, 320}, WindowLevel::floating};
+    return {QStringLiteral("Updates"), {480, 380}, {420, 380}, WindowLevel::floating};
 }
 
 RpmInstaller rpmInstaller() {

@@ -4,76 +4,106 @@ import Vantrel.Theme
 import Vantrel.Updates
 
 // Which version this is, where it came from and how that is brought up to date.
-FocusScope {
+BrandedSurface {
     id: root
 
     required property UpdatesViewModel viewModel
 
-    readonly property real unit: Typography.size(0)
+    readonly property real margin: 32
 
     implicitWidth: 480
-    implicitHeight: 360
+    implicitHeight: 380
     focus: true
     ThemePaletteKey.palette: root.viewModel.themePalette
     Accessible.role: Accessible.Pane
     Accessible.name: "Updates"
     Keys.onEscapePressed: root.Window.window.close()
 
-    Rectangle {
-        anchors.fill: parent
-        color: root.ThemePaletteKey.palette.surfaceBackground
+    TobblePortrait {
+        id: portrait
+        x: root.LayoutMirroring.enabled ? root.width - width - root.margin : root.margin
+        y: root.margin
+        asset: "tobble-thoughtful"
+        size: 72
     }
 
-    Column {
+    Text {
+        id: version
+        objectName: "version"
+        anchors.left: portrait.right
+        anchors.leftMargin: 16
+        anchors.right: parent.right
+        anchors.rightMargin: root.margin
+        anchors.bottom: portrait.verticalCenter
+        text: "Vantrel " + root.viewModel.version
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: root.ThemePaletteKey.palette.primaryText
+        font: Typography.rounded(Typography.size(2), Font.Bold)
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    Explanation {
+        id: promise
+        anchors.left: version.left
+        anchors.right: version.right
+        anchors.top: portrait.verticalCenter
+        anchors.topMargin: 4
+        text: "It never looks for updates by itself."
+    }
+
+    Flickable {
+        id: words
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.margins: 32
-        spacing: 16
+        anchors.top: portrait.bottom
+        anchors.topMargin: 24
+        anchors.bottom: done.top
+        anchors.bottomMargin: 16
+        contentHeight: advice.implicitHeight
+        boundsBehavior: Flickable.StopAtBounds
+        clip: contentHeight > height
 
-        Text {
-            objectName: "version"
-            width: parent.width
-            text: "Vantrel " + root.viewModel.version
-            textFormat: Text.PlainText
-            color: root.ThemePaletteKey.palette.primaryText
-            font: Typography.rounded(Typography.size(2), Font.Bold)
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
-        }
+        Column {
+            id: advice
+            x: root.margin
+            width: words.width - 2 * root.margin
+            spacing: 12
 
-        Repeater {
-            model: [root.viewModel.origin, root.viewModel.way]
+            Repeater {
+                model: [root.viewModel.origin, root.viewModel.way]
 
-            Text {
-                required property string modelData
-                width: parent.width
-                text: modelData
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                lineHeight: 1.25
-                color: root.ThemePaletteKey.palette.primaryText
-                font: Typography.reading(root.unit, Font.Normal)
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+                Text {
+                    required property string modelData
+                    width: advice.width
+                    text: modelData
+                    textFormat: Text.PlainText
+                    wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+                    lineHeight: 1.25
+                    color: root.ThemePaletteKey.palette.primaryText
+                    font: Typography.reading(Typography.size(0), Font.Normal)
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+            }
+
+            CommandLine {
+                visible: root.viewModel.command.length > 0
+                width: advice.width
+                command: root.viewModel.command
             }
         }
+    }
 
-        CommandLine {
-            visible: root.viewModel.command.length > 0
-            width: parent.width
-            command: root.viewModel.command
-        }
-
-        Text {
-            width: parent.width
-            text: "Vantrel itself never looks for updates: it opens no connection."
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            color: root.ThemePaletteKey.palette.secondaryText
-            font: Typography.reading(root.unit, Font.Normal)
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
+    FilledButton {
+        id: done
+        objectName: "done"
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: 24
+        text: "Done"
+        focus: true
+        onClicked: root.Window.window.close()
     }
 }

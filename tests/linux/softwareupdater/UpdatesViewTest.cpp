@@ -73,12 +73,18 @@ TEST_F(UpdatesViewTest, EscClosesTheWindow) {
     EXPECT_FALSE(m_stage->window().isVisible());
 }
 
+TEST_F(UpdatesViewTest, ReturnIsDone) {
+    make(advice);
+    QTest::keyClick(&m_stage->window(), Qt::Key_Return);
+    EXPECT_FALSE(m_stage->window().isVisible());
+}
+
 TEST_F(UpdatesViewTest, HoldsTheLongestAdviceInTheSmallestWindow) {
     const gallery::Stage &stage =
-        make(updateAdvice({}, QString(180, QLatin1Char('w')), RpmInstaller::dnf), {400, 320});
+        make(updateAdvice({}, QString(180, QLatin1Char('w')), RpmInstaller::dnf), {420, 380});
     for (QQuickItem *item : gallery::withDescendants(stage.root())) {
         if (item->isVisible()) {
-            EXPECT_LE(item->mapToScene(QPointF(item->width(), 0)).x(), 400.0);
+            EXPECT_LE(item->mapToScene(QPointF(item->width(), 0)).x(), 420.0);
         }
     }
 }
