@@ -71,21 +71,14 @@ BrandedSurface {
             width: words.width - 2 * root.margin
             spacing: 12
 
-            Repeater {
-                model: [root.viewModel.origin, root.viewModel.way]
+            AdviceText {
+                width: advice.width
+                text: root.viewModel.origin
+            }
 
-                Text {
-                    required property string modelData
-                    width: advice.width
-                    text: modelData
-                    textFormat: Text.PlainText
-                    wrapMode: Text.WrapAtWordBoundaryOrAnywhere
-                    lineHeight: 1.25
-                    color: root.ThemePaletteKey.palette.primaryText
-                    font: Typography.reading(Typography.size(0), Font.Normal)
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: text
-                }
+            AdviceText {
+                width: advice.width
+                text: root.viewModel.way
             }
 
             CommandLine {
