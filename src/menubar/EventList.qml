@@ -44,7 +44,12 @@ FocusScope {
             if (event.key === Qt.Key_End)
                 root.goTo(list.count - 1);
         }
-        onActiveFocusChanged: if (!list.activeFocus) list.currentIndex = -1
+        // One that was left by Tab has a ring to come back to.
+        onActiveFocusChanged: {
+            if (!list.activeFocus && list.Window.active)
+                list.currentIndex = Math.max(0, list.currentIndex);
+        }
+        Window.onVisibilityChanged: list.currentIndex = -1
 
         section.delegate: DayHeader {
             width: ListView.view.width
@@ -53,8 +58,10 @@ FocusScope {
         // An inline component reaches the ids of its file, of which the linter is not sure.
         // qmllint disable unqualified
         delegate: EventRow {
+            objectName: "event"
             width: ListView.view.width
             isRinged: ListView.isCurrentItem && list.activeFocus
+            focus: ListView.isCurrentItem
             onJoined: root.viewModel.join(index)
             onPicked: {
                 list.forceActiveFocus();
@@ -68,6 +75,7 @@ FocusScope {
         id: dayMeasure
         visible: false
         section: ""
+        Accessible.ignored: true
     }
 
     Rectangle {

@@ -6,6 +6,7 @@ Item {
     id: root
 
     required property int index
+    required property string section
     required property string title
     required property string timeRange
     required property bool isRecurring
@@ -22,6 +23,9 @@ Item {
     implicitHeight: texts.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: root.spoken
+    Accessible.description: root.section
+    Accessible.focusable: true
+    Accessible.focused: root.isRinged
     Accessible.selectable: true
     Accessible.selected: root.isRinged
     Accessible.onPressAction: root.joined()

@@ -148,6 +148,7 @@ QString EventRowList::spoken(const UpcomingEvent &event) const {
         parts += QStringLiteral("repeats");
     if (const auto detail = event.detailPreview())
         parts += displayTitle(*detail);
+    parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }
 

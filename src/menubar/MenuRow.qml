@@ -18,12 +18,14 @@ Item {
     signal entered()
 
     implicitWidth: label.implicitWidth + (key.visible ? key.width + 24 : 0) + 40
+    enabled: root.isEnabled && !root.isSeparator
+    focus: root.isLit
     implicitHeight: root.isSeparator ? 9 : Math.max(36, Math.round(label.implicitHeight) + 14)
     Accessible.role: root.isSeparator ? Accessible.Separator : Accessible.MenuItem
     Accessible.name: root.title
-    Accessible.description: root.keyEquivalent
+    Accessible.description: root.keyEquivalent.toUpperCase()
     Accessible.focusable: root.isEnabled
-    Accessible.focused: root.isCurrent
+    Accessible.focused: root.isLit
     Accessible.onPressAction: root.chosen()
 
     Rectangle {
@@ -78,7 +80,6 @@ Item {
     }
 
     HoverHandler {
-        enabled: root.isEnabled
         onHoveredChanged: if (hovered) root.entered()
     }
 

@@ -32,6 +32,14 @@ FocusScope {
         color: root.ThemePaletteKey.palette.surfaceBackground
     }
 
+    // First, as it is read; on top, for the list reaches further than the window may.
+    PopoverHeader {
+        id: header
+        z: 1
+        width: root.width
+        viewModel: root.viewModel
+    }
+
     // As high as it may become: a list knows its length for sure only by rows that exist.
     EventList {
         id: list
@@ -49,12 +57,6 @@ FocusScope {
         height: root.height - root.listTop
         visible: root.viewModel.isEmpty
         line: root.viewModel.emptyLine
-    }
-
-    PopoverHeader {
-        id: header
-        width: root.width
-        viewModel: root.viewModel
     }
 
     Rectangle {

@@ -109,9 +109,10 @@ TEST_F(PopoverKeyboardTest, TabGoesRoundTheControls) {
     }
     EXPECT_EQ(order, (QStringList{QStringLiteral("events"), QStringLiteral("today"),
                                   QStringLiteral("all"), QStringLiteral("pause"),
-                                  QStringLiteral("more"), QStringLiteral("events")}));
+                                  QStringLiteral("more"), QStringLiteral("event")}));
     press(Qt::Key_Backtab);
-    EXPECT_EQ(focused(), QStringLiteral("events"));
+    EXPECT_EQ(focused(), QStringLiteral("event"));
+    EXPECT_TRUE(stage().window().activeFocusItem()->property("isRinged").toBool());
 }
 
 TEST_F(PopoverKeyboardTest, SpaceAndReturnPressWhatHasTheRing) {
