@@ -65,13 +65,16 @@ void MenuBarController::applyDisplay() {
     m_statusItem->setImage(isPaused ? QStringLiteral("pawprint") : QStringLiteral("pawprint.fill"),
                            applicationName());
     const Instant now = m_queue.now();
-    const auto event = displayEvent(now);
+    auto event = displayEvent(now);
+    // Hosts draw what they are given: a stranger's title must not turn the countdown around, nor
+    // push it out.
+    if (event)
+        event->title = displayTitle(event->title);
     const auto text =
         event ? MenuBarDisplayFormatter::text({*event}, now) : std::optional<QString>();
     if (text) {
-        // Hosts draw what they are given: a stranger's title must not turn the countdown around.
-        m_statusItem->setTitle(StatusTitle{event->calendarColor, displayTitle(*text)});
-        m_statusItem->setToolTip(displayTitle(event->title));
+        m_statusItem->setTitle(StatusTitle{event->calendarColor, *text});
+        m_statusItem->setToolTip(event->title);
     } else {
         m_statusItem->setTitle(std::nullopt);
         m_statusItem->setToolTip(isPaused ? QStringLiteral("Vantrel (paused)") : applicationName());

@@ -116,7 +116,9 @@ TEST_F(MenuBarControllerTest, OutlinesThePawAndShowsNoMeetingWhilePaused) {
     start();
     calendar.preferences.setIsPaused(true);
     EXPECT_EQ(title(), u"Review • in 60 min");
+    const int fetches = calendar.store.fetchCount;
     calendar.queue.runDue();
+    EXPECT_EQ(calendar.store.fetchCount, fetches);
     EXPECT_EQ(item().image, u"pawprint");
     EXPECT_EQ(item().accessibleDescription, u"Vantrel");
     EXPECT_EQ(item().title, std::nullopt);
@@ -160,6 +162,27 @@ TEST_F(MenuBarControllerTest, LetsNoTitleTurnTheCountdownAround) {
     start();
     EXPECT_EQ(title(), u"Review of it • in 60 min");
     EXPECT_EQ(item().toolTip, u"Review of it");
+}
+
+TEST_F(MenuBarControllerTest, LetsNoTitlePushTheCountdownOut) {
+    addMeeting("Review", "2026-03-02T10:00:00");
+    QString heaps;
+    for (int letter = 0; letter < 20; ++letter)
+        heaps += QLatin1Char('a') + QString(200, QChar(0x0301));
+    calendar.store.storedEvents.front().title = heaps;
+    start();
+    EXPECT_TRUE(title().endsWith(u" • in 60 min")) << title().toStdString();
+    calendar.store.storedEvents.front().title =
+        QString(30, QChar(0x202E)) + QStringLiteral("Review");
+    controller->applyDisplay();
+    EXPECT_EQ(title(), u"Review • in 60 min");
+}
+
+TEST_F(MenuBarControllerTest, ShowsTheCountdownOfAMeetingWithoutATitle) {
+    addMeeting("Review", "2026-03-02T10:00:00");
+    calendar.store.storedEvents.front().title = QString();
+    start();
+    EXPECT_EQ(title(), u" • in 60 min");
 }
 
 TEST_F(MenuBarControllerTest, FollowsTheSelectionOfCalendars) {
@@ -278,6 +301,7 @@ TEST_F(MenuBarControllerTest, EndsEverythingWhenStopped) {
     EXPECT_EQ(calendar.queue.pendingCount(), 0U);
     const int displays = item().displayCount;
     calendar.preferences.setIsPaused(false);
+    EXPECT_EQ(calendar.queue.pendingCount(), 0U);
     calendar.queue.advance(Seconds{120.0});
     controller->applyDisplay();
     EXPECT_EQ(item().displayCount, displays);
