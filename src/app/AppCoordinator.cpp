@@ -79,6 +79,7 @@ void AppCoordinator::startMenuBar() {
     MenuBarController::Actions actions;
     actions.leftClick = [this](const auto &place) { m_upcomingEventsPopover->toggle(place); };
     actions.showMenu = [this](const Menu &menu, const auto &place) {
+        closePopups();
         m_popupMenu->show(menu, PopupPlace{place, PopupAlignment::leading});
     };
     actions.checkForUpdates = [this] { checkForUpdates(); };

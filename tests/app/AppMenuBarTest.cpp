@@ -142,9 +142,14 @@ TEST_F(AppMenuBarTest, PreviewsATakeoverWhilePausedAndCountsNothing) {
     panels.press({Key::other, QStringLiteral("s")});
     queue.advance(Seconds{3600.0});
     EXPECT_EQ(panels.panels.size(), 2U);
+    coordinator->previewTakeover(std::nullopt);
+    panels.press({Key::escape, {}});
+    queue.advance(Seconds{2.0});
+    EXPECT_TRUE(panels.shown().empty());
     EXPECT_TRUE(workspace.opened.empty());
     EXPECT_EQ(counts().rescuesFromTakeover, 0);
     EXPECT_EQ(counts().snoozes, 0);
+    EXPECT_EQ(counts().dismisses, 0);
 }
 
 TEST_F(AppMenuBarTest, PreviewsInTheSelectedThemeOrInTheOneAskedFor) {

@@ -256,6 +256,14 @@ TEST_F(AppPopoverTest, ShowsTheItemsMenuOnARightClickAndNoPopover) {
     EXPECT_EQ(terminations, 1);
 }
 
+TEST_F(AppPopoverTest, ClosesThePopoverForTheItemsMenu) {
+    start();
+    click();
+    click({PointerButton::right, false, QRect(100, 0, 24, 24)});
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_TRUE(shown("MenuView").isShown);
+}
+
 TEST_F(AppPopoverTest, ClosesEverythingWhenStopped) {
     start();
     click();
@@ -270,6 +278,7 @@ TEST_F(AppPopoverTest, LeavesNoHandlerBehindAtItsEnd) {
     start();
     coordinator.reset();
     EXPECT_FALSE(UpcomingMenuTarget::shared().previewTakeoverHandler);
+    EXPECT_FALSE(UpcomingMenuTarget::shared().openRecapHandler);
     EXPECT_FALSE(UpcomingMenuTarget::shared().quitHandler);
 }
 
