@@ -1,0 +1,1 @@
+"""Tobble's parts, and the poses that they are put together to."""
