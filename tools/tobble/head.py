@@ -80,15 +80,17 @@ def brow(x, lift=0, slant=0):
 
 SMILE = "M0 43 L0 58 C-8 76 -38 80 -55 60 M0 58 C8 76 38 80 55 60"
 CALM = "M0 43 L0 60 C-10 73 -34 75 -50 66 M0 60 C10 73 34 75 50 66"
-WHISKERS = "".join(f'<circle cx="{x}" cy="{y}" r="1.7" fill="{CHESTNUT_LIGHT}"/>'
-                   for x, y in ((-30, 50), (-40, 44), (-38, 56), (30, 50), (40, 44), (38, 56)))
+WHISKERS = Part("".join(
+    f'<circle cx="{side * x}" cy="{y}" r="1.7" fill="{CHESTNUT_LIGHT}"/>'
+    for side in (-1, 1) for x, y in ((30, 50), (40, 44), (38, 56))))
 
 
 LAUGH = "M-27 76 C-25 102 25 102 27 76 C14 82 6 76 0 66 C-6 76 -14 82 -27 76 Z"
 TONGUE = "M-17 90 C-12 80 12 80 17 90 C11 97 -11 97 -17 90 Z"
 
 
-def head(eyes, brows, mouth=SMILE, left_ear=None, gaze=(0, 0), laughs=False):
+def head(eyes, brows, mouth=SMILE, left_ear=None, gaze=(0, 0), laughs=False,
+         whiskers=WHISKERS):
     dx, dy = gaze
     left_ear = left_ear or ear(True)
     below = (fill(LAUGH, BARK) + fill(TONGUE, BLUSH) + line(LAUGH) if laughs
@@ -96,7 +98,7 @@ def head(eyes, brows, mouth=SMILE, left_ear=None, gaze=(0, 0), laughs=False):
     skull = (fill(SKULL, CREAM) + fill(JAW_SHADE, CREAM_SHADE) + fill(PATCH, CHESTNUT)
              + fill(PATCH, CHESTNUT).mirrored(0) + fill(PATCH_LIGHT, CHESTNUT_LIGHT))
     snout = (below + fill(MUZZLE, CREAM_LIGHT) + fill(MUZZLE_SHADE, CREAM_SHADE)
-             + Part(WHISKERS) + line(mouth)
+             + whiskers + line(mouth)
              + fill(NOSE, BARK) + line("M-16 13 C-11 9 -3 8.5 4 9", 4.5, NOSE_LIGHT))
     return (skull + snout.placed(f"translate({dx} {dy})") + contour(SKULL) + left_ear
             + ear(False).mirrored(0) + (eyes + brows).placed(f"translate({0.6 * dx} {0.6 * dy})"))

@@ -6,6 +6,7 @@ from tobble.sitting import lifted_leg, sitting, sitting_with_a_leg_lifted
 from tobble.things import *
 
 FRAME = "20 22 372 372"
+ICON_FRAME = "0 0 256 256"
 
 
 def relaxed():
@@ -38,6 +39,16 @@ def content():
 def rescue():
     face = head(both(open_eye, (-3.5, -4.5)), both(brow), laughs=True)
     return sitting() + collar() + keg() + face.placed("translate(200 140)")
+
+
+def icon():
+    """The program's own: his face on a tile, plain enough for 16 pixels."""
+    def large_eye(x):
+        return open_eye(0, (-3.5, -4.5)).placed(f"translate({x} -3) scale(1.35) translate(0 2)")
+
+    tile = Part(f'<rect x="12" y="12" width="232" height="232" rx="56" fill="{HONEY}"/>')
+    face = head(both(large_eye), both(brow, 6), whiskers=Part())
+    return tile + face.placed("translate(128 132) scale(.9)")
 
 
 POSES = {
