@@ -92,14 +92,13 @@ void TrayIcon::takeMessage(const xcb_client_message_event_t &message) {
 }
 
 void TrayIcon::takeLoss(xcb_window_t window) {
-    if (m_window && window == m_window->id()) {
-        // It went with the tray that held it, whose own end may not have been told yet.
-        m_window.reset();
-        m_tray = XCB_WINDOW_NONE;
-        look();
-    } else if (window == m_tray) {
-        look();
-    }
+    if (window != m_tray && !(m_window && window == m_window->id()))
+        return;
+    // The next tray may have the number of this one already, so nothing is to be made of it: what
+    // was docked here, or was about to be, is docked again.
+    m_window.reset();
+    m_tray = XCB_WINDOW_NONE;
+    look();
 }
 
 void TrayIcon::takeRelease(const xcb_button_release_event_t &release) {
