@@ -28,6 +28,7 @@ class Panel:
         self.shows_label = options.label == "shown"
         self.items = {}
         self.watcher = Watcher(self.bus, self.added, self.removed)
+        self.watcher.has_host = options.host == "now"
         self.pending = b""
         GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, self.read)
         if options.start == "now":
@@ -72,7 +73,7 @@ class Panel:
     def obey(self, command):
         name = command["do"]
         try:
-            if name in {"start", "stop", "quit"}:
+            if name in {"start", "stop", "host", "quit"}:
                 getattr(self, name)(command)
             elif not self.items:
                 self.answer({"answer": name, "error": "no item"})
@@ -84,8 +85,12 @@ class Panel:
 
     def start(self, _command):
         self.bus.request_name(WATCHER, dbus.bus.NAME_FLAG_DO_NOT_QUEUE)
-        self.watcher.host_registered()
+        self.watcher.set_host(self.watcher.has_host)
         self.tell({"event": "started"})
+
+    def host(self, command):
+        self.watcher.set_host(command["there"])
+        self.answer({"answer": "host"})
 
     def stop(self, _command):
         self.bus.release_name(WATCHER)
@@ -104,5 +109,7 @@ if __name__ == "__main__":
                         help="whether the panel knows the text beside an icon")
     parser.add_argument("--start", choices=["now", "later"], default="now",
                         help="later: waits for the command \"start\" before it takes its name")
+    parser.add_argument("--host", choices=["now", "later"], default="now",
+                        help="later: a watcher alone, which nobody shows the items of")
     panel = Panel(parser.parse_args())
     panel.loop.run()

@@ -14,6 +14,7 @@ class Watcher(dbus.service.Object):
         self.bus = bus
         self.added = added
         self.removed = removed
+        self.has_host = True
         self.paths = {}
         self.owners = {}
 
@@ -42,12 +43,16 @@ class Watcher(dbus.service.Object):
             self.StatusNotifierItemUnregistered(service + path)
             self.removed(str(service))
 
-    def host_registered(self):
-        self.StatusNotifierHostRegistered()
+    def set_host(self, has_host):
+        self.has_host = has_host
+        if has_host:
+            self.StatusNotifierHostRegistered()
+        else:
+            self.StatusNotifierHostUnregistered()
 
     @dbus.service.method(WATCHER, in_signature="s")
     def RegisterStatusNotifierHost(self, _service):
-        self.host_registered()
+        self.set_host(True)
 
     @dbus.service.method(dbus.PROPERTIES_IFACE, in_signature="ss", out_signature="v")
     def Get(self, _interface, name):
@@ -58,7 +63,7 @@ class Watcher(dbus.service.Object):
         items = [service + path for service, path in self.paths.items()]
         return {
             "RegisteredStatusNotifierItems": dbus.Array(items, signature="s"),
-            "IsStatusNotifierHostRegistered": True,
+            "IsStatusNotifierHostRegistered": self.has_host,
             "ProtocolVersion": dbus.Int32(0),
         }
 
@@ -72,4 +77,8 @@ class Watcher(dbus.service.Object):
 
     @dbus.service.signal(WATCHER, signature="")
     def StatusNotifierHostRegistered(self):
+        pass
+
+    @dbus.service.signal(WATCHER, signature="")
+    def StatusNotifierHostUnregistered(self):
         pass

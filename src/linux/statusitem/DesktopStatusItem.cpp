@@ -18,7 +18,7 @@ StatusNotifier::Listener DesktopStatusItem::notifierListener() {
              [this] { activate(PointerButton::left, placeOfPointer()); },
              [this](QPoint pixel) { activate(PointerButton::right, placeOfClick(pixel)); }},
             {m_listener.menu, [this](std::function<void()> action) { later(std::move(action)); }},
-            [this](bool hasWatcher) { follow(hasWatcher); }};
+            [this](bool isShown) { follow(isShown); }};
 }
 
 void DesktopStatusItem::setImage(const QString &symbol, const QString &accessibleDescription) {
@@ -49,9 +49,9 @@ void DesktopStatusItem::show(ItemLook look) {
         m_trayIcon->show(m_look);
 }
 
-void DesktopStatusItem::follow(bool hasWatcher) {
+void DesktopStatusItem::follow(bool isShownByHost) {
     const bool hasTray = QGuiApplication::platformName() == u"xcb";
-    if (hasWatcher || !hasTray) {
+    if (isShownByHost || !hasTray) {
         m_trayIcon.reset();
     } else if (!m_trayIcon) {
         m_trayIcon = std::make_unique<TrayIcon>(m_art, [this](const TrayIcon::Click &tray) {

@@ -16,8 +16,8 @@
 
 namespace vantrel {
 
-/// The program's status item, wherever the desktop shows it: on the session bus while there is a
-/// watcher of status items, else in the system tray of an X11 desktop.
+/// The program's status item, wherever the desktop shows it: on the session bus while a host
+/// of status items shows it, else in the system tray of an X11 desktop. Never in both.
 class DesktopStatusItem : public StatusItem {
 public:
     DesktopStatusItem(MainQueue &queue, const SymbolArt &art, StatusItemListener listener);
@@ -29,7 +29,7 @@ public:
 private:
     [[nodiscard]] StatusNotifier::Listener notifierListener();
     void show(ItemLook look);
-    void follow(bool hasWatcher);
+    void follow(bool isShownByHost);
     void activate(PointerButton button, const std::optional<QRect> &place);
     void click(const StatusItemClick &click);
     /// On the loop, and not at all once the item is gone: a listener may destroy the item.
@@ -39,7 +39,7 @@ private:
     StatusItemListener m_listener;
     ItemLook m_look;
     SymbolArt m_art;
-    std::unique_ptr<TrayIcon> m_trayIcon; ///< While there is no watcher.
+    std::unique_ptr<TrayIcon> m_trayIcon; ///< While no host shows the item.
     StatusNotifier m_notifier;
     std::shared_ptr<char> m_life = std::make_shared<char>();
 };

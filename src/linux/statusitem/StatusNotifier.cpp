@@ -19,15 +19,16 @@ int nextNumber() {
 } // namespace
 
 StatusNotifier::StatusNotifier(MainQueue &queue, const SymbolArt &art, Listener listener)
-    : m_number(nextNumber()),
-      m_watcherPresence(std::move(listener.watcherPresence)),
+    : m_queue(queue),
+      m_number(nextNumber()),
+      m_presence(std::move(listener.presence)),
       m_item(art, std::move(listener.item)),
       m_menu(std::move(listener.menu)),
       m_bus(queue, QStringLiteral("vantrel-status-item-%1").arg(m_number),
             {[this](const QDBusConnection &bus) { enter(bus); },
              [this] {
                  m_watcher.reset();
-                 m_watcherPresence(false);
+                 m_presence(false);
              }}) {}
 
 void StatusNotifier::enter(QDBusConnection bus) {
@@ -40,7 +41,7 @@ void StatusNotifier::enter(QDBusConnection bus) {
                              .arg(m_number);
     // The bus handles it before the entry with a watcher, which is sent later.
     bus.asyncCall(requestOfName(name));
-    m_watcher = std::make_unique<WatcherLink>(bus, name, m_watcherPresence);
+    m_watcher = std::make_unique<WatcherLink>(m_queue, bus, name, m_presence);
 }
 
 } // namespace vantrel

@@ -25,8 +25,8 @@ public:
     struct Listener {
         NotifierObject::Listener item;
         MenuObject::Listener menu;
-        /// Also when there is no bus to look for one on.
-        std::function<void(bool isThere)> watcherPresence;
+        /// Whether a host shows the item; also when there is no bus to look for one on.
+        std::function<void(bool isShown)> presence;
     };
 
     /// `queue` must outlive it.
@@ -40,8 +40,9 @@ public:
 private:
     void enter(QDBusConnection bus);
 
+    MainQueue &m_queue;
     const int m_number; ///< Of the item within the process, from 1.
-    const std::function<void(bool)> m_watcherPresence;
+    const std::function<void(bool)> m_presence;
     NotifierObject m_item;
     MenuObject m_menu;
     SessionBusLink m_bus;

@@ -7,6 +7,9 @@
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <utility>
 
 namespace vantrel {
 
@@ -15,6 +18,7 @@ namespace {
 VANTREL_LOG(watcherLog, "StatusItem")
 
 constexpr QLatin1String watcherName("org.kde.StatusNotifierWatcher");
+constexpr QLatin1String watcherPath("/StatusNotifierWatcher");
 
 /// Calls `done` with the answer on a later turn of the loop, unless `owner` has gone.
 template <typename Done>
@@ -29,8 +33,10 @@ void call(const QDBusConnection &bus, const QDBusMessage &message, QObject *owne
 
 } // namespace
 
-WatcherLink::WatcherLink(QDBusConnection bus, QString itemName, std::function<void(bool)> presence)
-    : m_bus(std::move(bus)),
+WatcherLink::WatcherLink(MainQueue &queue, QDBusConnection bus, QString itemName,
+                         std::function<void(bool)> presence)
+    : m_queue(queue),
+      m_bus(std::move(bus)),
       m_itemName(std::move(itemName)),
       m_presence(std::move(presence)),
       m_watcher(watcherName, m_bus, QDBusServiceWatcher::WatchForOwnerChange) {
@@ -40,31 +46,80 @@ WatcherLink::WatcherLink(QDBusConnection bus, QString itemName, std::function<vo
     question << watcherName;
     call(m_bus, question, this, [this](const QDBusPendingReply<QString> &answer) {
         // A change may have been told before this answer; then it is the later news.
-        if (!m_isKnown)
+        if (!m_owner)
             take(answer.isError() ? QString() : answer.value());
     });
 }
 
 void WatcherLink::take(const QString &owner) {
-    if (m_isKnown && owner == m_owner)
+    if (m_owner == owner)
         return;
-    m_isKnown = true;
-    m_owner = owner;
+    follow(owner);
     if (owner.isEmpty()) {
         qCInfo(watcherLog, "There is no watcher of status items on the session bus");
+        m_hostsDelay.cancel();
+        tell(false);
+        return;
+    }
+    enter();
+    askForHost();
+}
+
+void WatcherLink::follow(const QString &owner) {
+    const QString before = m_owner.value_or(QString());
+    m_owner = owner;
+    for (const char *change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
+        const QString name = QLatin1String(change);
+        if (!before.isEmpty())
+            m_bus.disconnect(before, watcherPath, watcherName, name, this, SLOT(askForHost()));
+        if (!owner.isEmpty())
+            m_bus.connect(owner, watcherPath, watcherName, name, this, SLOT(askForHost()));
+    }
+}
+
+void WatcherLink::enter() {
+    // To the very one that appeared: by its well-known name the call could start another.
+    QDBusMessage entry = QDBusMessage::createMethodCall(
+        *m_owner, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
+    entry << m_itemName;
+    call(m_bus, entry, this, [](const QDBusPendingReply<> &answer) {
+        if (answer.isError())
+            qCWarning(watcherLog, "The watcher of status items refuses: %s",
+                      qUtf8Printable(answer.error().name()));
+    });
+}
+
+void WatcherLink::askForHost() {
+    if (!m_owner || m_owner->isEmpty())
+        return; // The news of one that has gone.
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        *m_owner, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+        QStringLiteral("Get"));
+    question << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
+    call(m_bus, question, this,
+         [this, owner = m_owner](const QDBusPendingReply<QDBusVariant> &answer) {
+             // One that knows no such property is asked by nobody else either: it shows what it
+             // has.
+             if (owner == m_owner)
+                 takeHost(answer.isError() || answer.value().variant().toBool());
+         });
+}
+
+void WatcherLink::takeHost(bool isThere) {
+    if (isThere) {
+        m_hostsDelay.cancel();
+        tell(true);
     } else {
-        // To the very one that appeared: by its well-known name the call could start another.
-        QDBusMessage entry = QDBusMessage::createMethodCall(
-            owner, QStringLiteral("/StatusNotifierWatcher"), watcherName,
-            QStringLiteral("RegisterStatusNotifierItem"));
-        entry << m_itemName;
-        call(m_bus, entry, this, [](const QDBusPendingReply<> &answer) {
-            if (answer.isError())
-                qCWarning(watcherLog, "The watcher of status items refuses: %s",
-                          qUtf8Printable(answer.error().name()));
+        m_hostsDelay = m_queue.after(patienceWithHost, [this] {
+            qCInfo(watcherLog, "The watcher of status items has no host");
+            tell(false);
         });
     }
-    m_presence(!owner.isEmpty());
+}
+
+void WatcherLink::tell(bool isShown) {
+    if (std::exchange(m_isShown, isShown) != isShown)
+        m_presence(isShown);
 }
 
 } // namespace vantrel

@@ -1,30 +1,50 @@
 #pragma once
 
+#include <platform/MainQueue.h>
+
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace vantrel {
 
 /// Enters an item with the watcher of status items (org.kde.StatusNotifierWatcher) whenever one
 /// appears on the bus: at once, late, or again after the panel was restarted.
 class WatcherLink : public QObject {
+    Q_OBJECT
+
 public:
-    /// `presence` hears whether there is a watcher, once that is known and at each change.
-    WatcherLink(QDBusConnection bus, QString itemName, std::function<void(bool isThere)> presence);
+    /// A watcher comes up ahead of its host, and both stay away for a moment when a panel is
+    /// restarted: for so long the item counts as shown by a watcher that has no host.
+    static constexpr Seconds patienceWithHost{2.0};
+
+    /// `presence` hears whether the item is shown, which takes a watcher and a host, once that is
+    /// known and at each change. `queue` must outlive the link.
+    WatcherLink(MainQueue &queue, QDBusConnection bus, QString itemName,
+                std::function<void(bool isShown)> presence);
+
+private Q_SLOTS:
+    void askForHost();
 
 private:
     void take(const QString &owner);
+    void enter();
+    void follow(const QString &owner);
+    void takeHost(bool isThere);
+    void tell(bool isShown);
 
+    MainQueue &m_queue;
     QDBusConnection m_bus;
     QString m_itemName;
     std::function<void(bool)> m_presence;
     QDBusServiceWatcher m_watcher;
-    QString m_owner; ///< The watcher's own name on the bus; empty without one.
-    bool m_isKnown = false;
+    std::optional<QString> m_owner; ///< The watcher's own name on the bus; empty without one.
+    std::optional<bool> m_isShown;  ///< As it was told.
+    ScheduledWork m_hostsDelay;
 };
 
 } // namespace vantrel

@@ -77,6 +77,16 @@ TEST_F(TrayIconTest, GoesWhenAWatcherAppearsAndComesBackWhenItGoes) {
     EXPECT_TRUE(isDocked(tray));
 }
 
+TEST_F(TrayIconTest, StandsInForAWatcherWithoutAHostUntilOneComes) {
+    std::optional<Tray> tray(std::in_place);
+    Panel panel({QStringLiteral("--host"), QStringLiteral("later")});
+    makeItem();
+    panel.await(QStringLiteral("registered"));
+    ASSERT_TRUE(isDocked(tray));
+    panel.ask(QStringLiteral("host"), {{QStringLiteral("there"), true}});
+    EXPECT_TRUE(waitUntil([&] { return !tray->docked(); }));
+}
+
 TEST_F(TrayIconTest, StandsInForAPanelWhoseBusWasLost) {
     std::optional<Tray> tray(std::in_place);
     auto panel = std::make_unique<Panel>();
