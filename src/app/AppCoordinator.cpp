@@ -27,6 +27,7 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
       m_query(calendarAccess.store()),
       m_upcomingEventsViewModel(m_query, preferences, services.queue, services.currentCalendar),
       m_takeoverWindowController(services.queue, services.screenLayout, services.panels),
+      m_makingWay(m_takeoverWindowController.comesUp.subscribe([this] { closePopups(); })),
       m_launchAtLoginManager(services.loginItem),
       m_rescueLog(
           RescueLogStore(rescueLogFile), [&queue = services.queue] { return queue.now(); },

@@ -137,6 +137,7 @@ private:
     UpcomingEventsQuery m_query;
     UpcomingEventsViewModel m_upcomingEventsViewModel;
     TakeoverWindowController m_takeoverWindowController;
+    Subscription m_makingWay; ///< Popups that are open would keep the keyboard from a takeover.
     LaunchAtLoginManager m_launchAtLoginManager;
     RescueLog m_rescueLog;
     TemplateCopyProvider m_copyProvider;

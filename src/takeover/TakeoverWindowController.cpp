@@ -65,6 +65,7 @@ void TakeoverWindowController::present(Request request) {
     m_viewModel = std::make_unique<TakeoverViewModel>(
         request.context, m_phaseState, m_queue, TakeoverViewModel::Actions{join, snooze, dismiss});
     m_opacity = 0.0;
+    comesUp.announce();
     m_screenChanges = m_screenLayout.changed.subscribe([this] { coverScreens(); });
     coverScreens();
     if (!m_interactivePanel) { // The monitors have gone since they were counted.

@@ -6,6 +6,7 @@
 #include "TakeoverPhase.h"
 
 #include <platform/MainQueue.h>
+#include <platform/Published.h>
 #include <platform/ScreenLayout.h>
 #include <platform/ShieldingPanels.h>
 #include <theme/Palette.h>
@@ -49,6 +50,9 @@ public:
     void show(const TakeoverContext &context, const Palette &palette,
               std::optional<Seconds> autoCloseAfter, Callback onJoin, Callback onSnooze,
               Callback onDismiss);
+
+    /// A takeover is about to come up: no panel of it is there yet.
+    Announcer<> comesUp;
 
     /// Takes down what is up, in any state, without running a callback, and forgets what waits for
     /// a monitor; harmless otherwise.

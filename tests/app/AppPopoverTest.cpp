@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -71,6 +72,22 @@ protected:
         return count;
     }
 };
+
+TEST_F(AppPopoverTest, MakesWayForATakeoverThatComesUp) {
+    addVideoCall("standup", "2026-03-02T09:10:00");
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    ASSERT_EQ(popups.shown().size(), 2U);
+    std::size_t shownWithTheFirstPanel = 99;
+    panels.whenMade = [&](const auto &) {
+        shownWithTheFirstPanel = std::min(shownWithTheFirstPanel, popups.shown().size());
+    };
+    queue.advance(Seconds{600.0});
+    EXPECT_FALSE(panels.shown().empty());
+    EXPECT_EQ(shownWithTheFirstPanel, 0U);
+    EXPECT_TRUE(popups.shown().empty());
+}
 
 TEST_F(AppPopoverTest, ShowsThePopoverAtTheItemAndClosesItOnTheNextClick) {
     start();

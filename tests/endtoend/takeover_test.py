@@ -223,6 +223,24 @@ class TakeoverWithoutWindowManagerTest(unittest.TestCase):
             desktop.press("space")
             within(5, agent.opened_url, "the link was opened")
 
+    def test_takes_the_keyboard_from_a_popover_and_gives_it_back_to_whom_it_was_before(self):
+        with Desktop(window_manager=False) as desktop:
+            desktop.start_bus()
+            desktop.move_pointer(400, 500)
+            desktop.start("xev", "-name", "editor")
+            editor = within(10, lambda: desktop.windows(name="^editor$"), "a program is there")[0]
+            desktop.ask("xdotool", "windowfocus", "--sync", editor)
+            agent = Agent(desktop, VANTREL, leadTimeSeconds=LEAD)
+            agent.write_meeting("soon", math.ceil(time.time()) + LEAD + 6, f"URL:{LINK}")
+            desktop.start(*agent.command)
+            within(5, lambda: desktop.windows(name="^Vantrel$"), "the popover is open")
+            within(14, lambda: len(desktop.panels()) == 2, "the takeover is up")
+            within(3, lambda: share(desktop.picture(), RIGHT, SURFACE) > 0.7, "it is drawn")
+            self.assertFalse(desktop.windows(name="^Vantrel$"))
+            desktop.answer("Escape", desktop.panels)
+            within(5, lambda: desktop.ask("xdotool", "getwindowfocus").split() == [editor],
+                   "the program has the keyboard again")
+
 
 if __name__ == "__main__":
     unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])
