@@ -9,9 +9,9 @@ HONEY, HONEY_LIGHT, HONEY_SHADE = "#E8A04C", "#F6C678", "#C97A2B"
 NOSE_LIGHT, BLUSH = "#8A7565", "#D97E70"
 RIM = "#F2DDBB"
 
-OUTLINE = 4
-DETAIL = 3.2
-RIM_WIDTH = 10
+OUTLINE = 3.6
+DETAIL = 3
+RIM_WIDTH = 8
 
 
 @dataclasses.dataclass(frozen=True)

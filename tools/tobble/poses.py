@@ -53,7 +53,7 @@ def icon():
 
 POSES = {
     "tobble-friday-relaxed": (relaxed, "0 138 400 262"),
-    "tobble-curious-calendar": (curious, "18 10 392 392"),
+    "tobble-curious-calendar": (curious, "14 0 404 404"),
     "tobble-thoughtful": (thoughtful, FRAME),
     "tobble-acknowledging": (acknowledging, "14 8 388 388"),
     "tobble-content": (content, FRAME),

@@ -4,7 +4,7 @@ from tobble.paint import *
 
 BAND = "M130 206 C150 236 250 236 270 206 L276 228 C256 272 144 272 124 228 Z"
 BAND_SHADE = "M270 206 L276 228 C264 254 232 263 200 262 C236 256 262 240 270 206 Z"
-THROAT = "M134 200 L266 200 L268 214 C250 244 150 244 132 214 Z"
+THROAT = "M134 200 L266 200 L268 214 C250 262 150 262 132 214 Z"
 LYING_BAND = "M222 262 C268 272 284 326 264 384 L244 384 C262 334 252 292 214 282 Z"
 
 BARREL = "M154 262 C148 276 148 300 154 314 L246 314 C252 300 252 276 246 262 Z"
@@ -12,11 +12,11 @@ BARREL_SHADE = "M152 296 C152 302 152 308 154 314 L246 314 C248 308 248 302 248 
 LEFT_HOOP = "M162 260 C156 276 156 300 162 316 L176 316 C171 300 171 276 176 260 Z"
 RIGHT_HOOP = "M238 260 C244 276 244 300 238 316 L224 316 C229 300 229 276 224 260 Z"
 
-PAGE = ("M34 262 C34 256 38 252 44 252 L132 252 C138 252 142 256 142 262 L142 376"
-        " C142 382 138 386 132 386 L44 386 C38 386 34 382 34 376 Z")
+PAGE = ("M34 262 C34 256 38 252 44 252 L132 252 C138 252 142 256 142 262 L142 372"
+        " C142 378 138 382 132 382 L44 382 C38 382 34 378 34 372 Z")
 PAGE_HEAD = "M34 284 L34 262 C34 256 38 252 44 252 L132 252 C138 252 142 256 142 262 L142 284 Z"
 RINGS = "M62 244 V262 M88 244 V262 M114 244 V262"
-MARKED_DAY = (77, 346)
+MARKED_DAY = (77, 343)
 
 
 def collar():
@@ -28,8 +28,8 @@ def tag():
 
 
 def collar_of_the_lying():
-    return (shape(LYING_BAND, HONEY)
-            + tag().placed("translate(272 344) scale(.9) translate(-200 -274)"))
+    return (shape(LYING_BAND, HONEY).placed("translate(5 0)")
+            + tag().placed("translate(276 340) scale(.9) translate(-200 -274)"))
 
 
 def keg():
@@ -40,9 +40,9 @@ def keg():
 
 def calendar_page():
     days = "".join(f'<circle cx="{x}" cy="{y}" r="4.6"/>'
-                   for y in (306, 326, 346, 366) for x in (54, 77, 100, 123)
+                   for y in (305, 324, 343, 362) for x in (54, 77, 100, 123)
                    if (x, y) != MARKED_DAY)
     return (shape(PAGE, CREAM_LIGHT, fill(PAGE_HEAD, HONEY),
                   Part(f'<g fill="{CREAM_SHADE}">{days}</g>'))
             + line("M34 284 H142") + contour(RINGS, 6)
-            + paw_print(*MARKED_DAY, 11, HONEY_SHADE)).placed("rotate(-5 88 380)")
+            + paw_print(*MARKED_DAY, 11, HONEY_SHADE)).placed("translate(6 0) rotate(-5 88 380)")
