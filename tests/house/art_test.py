@@ -66,6 +66,7 @@ class ArtTest(unittest.TestCase):
             ("a/A.cpp", 'symbolPicture(QStringLiteral("bell"), size, color);'),
             ("a/A.cpp", 'item->setImage(paused ? QStringLiteral("plus")\n: text("bell"));'),
             ("a/A.cpp", 'Row{.symbol = "bell"}'),
+            ("a/A.cpp", 'return {L("calendars"), L("bell.badge")};'),
             ("a/A.h", 'constexpr auto pose = u"tobble-upright";'),
         ]:
             with self.subTest(text=text):
@@ -76,6 +77,8 @@ class ArtTest(unittest.TestCase):
             ("a/A.qml", 'Symbol { name: "plus" }'),
             ("a/A.qml", 'Item {\n    objectName: "bell"\n}'),
             ("a/A.qml", 'Button { symbol: root.symbol; text: "bell" }'),
+            ("a/A.cpp", '#include "a.b"'),
+            ("links/A.cpp", 'return host == "zoom.us";'),
             ("a/A.cpp", 'QString label() {\n    return QStringLiteral("bell");\n}\n'),
         ]:
             with self.subTest(text=text):
