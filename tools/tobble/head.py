@@ -57,7 +57,7 @@ def open_eye(x, look):
 def half_eye(x):
     """The lid has come down half the way, and lower at the outer corner."""
     out = -1 if x < 0 else 1
-    edge = f"C{x - 6 * out} -16 {x + 8 * out} -13 {x + 15 * out} -8"
+    edge = f"C{x - 6 * out} -16 {x + 7 * out} -15 {x + 15 * out} -10"
     back = f"C{x + 14 * out} -32 {x - 14 * out} -32 {x - 14 * out} -17 Z"
     return (Part(f'<ellipse cx="{x}" cy="-12" rx="12" ry="13" fill="{BARK}"/>'
                  f'<circle cx="{x - 4}" cy="-6" r="3.2" fill="{CREAM_LIGHT}"/>')
@@ -80,29 +80,37 @@ def brow(x, lift=0, slant=0):
 
 
 SMILE = "M0 43 L0 58 C-8 76 -38 80 -55 60 M0 58 C8 76 38 80 55 60"
+BROAD_SMILE = "M0 43 L0 58 C-8 79 -44 83 -61 55 M0 58 C8 79 44 83 61 55"
 CALM = "M0 43 L0 60 C-10 73 -34 75 -50 66 M0 60 C10 73 34 75 50 66"
+LAUGH = "M-27 76 C-25 102 25 102 27 76 C14 82 6 76 0 66 C-6 76 -14 82 -27 76 Z"
+TONGUE = "M-17 90 C-12 80 12 80 17 90 C11 97 -11 97 -17 90 Z"
 WHISKERS = Part("".join(
     f'<circle cx="{side * x}" cy="{y}" r="1.7" fill="{CHESTNUT_LIGHT}"/>'
     for side in (-1, 1) for x, y in ((30, 50), (40, 44), (38, 56))))
 
 
-LAUGH = "M-27 76 C-25 102 25 102 27 76 C14 82 6 76 0 66 C-6 76 -14 82 -27 76 Z"
-TONGUE = "M-17 90 C-12 80 12 80 17 90 C11 97 -11 97 -17 90 Z"
+def closed_mouth(path):
+    return fill(CHIN, CREAM_SHADE) + line("M-20 84 C-12 91 12 91 20 84"), line(path)
 
 
-def head(eyes, brows, mouth=SMILE, left_ear=None, gaze=(0, 0), laughs=False,
-         whiskers=WHISKERS):
+def laughing_mouth():
+    return fill(LAUGH, BARK) + fill(TONGUE, BLUSH) + line(LAUGH), line(SMILE)
+
+
+def head(eyes, brows, mouth, left_ear=None, whiskers=WHISKERS, gaze=(0, 0), tilt=0):
+    """`gaze` moves the face over the skull, as it moves when he turns his head; however he tilts
+    it by `tilt` degrees, the ears hang down."""
     dx, dy = gaze
-    left_ear = left_ear or ear(True)
-    below = (fill(LAUGH, BARK) + fill(TONGUE, BLUSH) + line(LAUGH) if laughs
-             else fill(CHIN, CREAM_SHADE) + line("M-20 84 C-12 91 12 91 20 84"))
+    below, lips = mouth
     skull = (fill(SKULL, CREAM) + fill(JAW_SHADE, CREAM_SHADE) + fill(PATCH, CHESTNUT)
              + fill(PATCH, CHESTNUT).mirrored(0) + fill(PATCH_LIGHT, CHESTNUT_LIGHT))
-    snout = (below + fill(MUZZLE, CREAM_LIGHT) + fill(MUZZLE_SHADE, CREAM_SHADE)
-             + whiskers + line(mouth)
+    snout = (below + fill(MUZZLE, CREAM_LIGHT) + fill(MUZZLE_SHADE, CREAM_SHADE) + whiskers + lips
              + fill(NOSE, BARK) + line("M-16 13 C-11 9 -3 8.5 4 9", 4.5, NOSE_LIGHT))
-    return (skull + snout.placed(f"translate({dx} {dy})") + contour(SKULL) + left_ear
-            + ear(False).mirrored(0) + (eyes + brows).placed(f"translate({0.6 * dx} {0.6 * dy})"))
+    left_ear = left_ear or ear(True).placed(f"rotate({-0.8 * tilt:g} -64 -76)")
+    right_ear = ear(False).mirrored(0).placed(f"rotate({-0.8 * tilt:g} 64 -76)")
+    look = (eyes + brows).placed(f"translate({0.6 * dx:g} {0.6 * dy:g})")
+    return (skull + snout.placed(f"translate({dx} {dy})") + contour(SKULL) + left_ear + right_ear
+            + look).placed(f"rotate({tilt})")
 
 
 def both(draw, *rest):
