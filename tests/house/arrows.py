@@ -17,12 +17,12 @@ FLOORS = [
     ["app"],
 ]
 # What every service of the desktop may stand on.
-GROUND_OF_SERVICES = {"linux/sessionbus", "linux/views"}
+GROUND_OF_SERVICES = {"linux/layershell", "linux/sessionbus", "linux/views"}
 FLOOR_OF = {room: floor for floor, rooms in enumerate(FLOORS) for room in rooms}
 
 # What belongs to the desktop's services, by the beginning of the header's name.
 SERVICES = re.compile(
-    r"^(linux/|libical/|libecal/|glib|gio/|gobject/|xcb/|X11/|wayland|dbus/|systemd/"
+    r"^(linux/|libical/|libecal/|glib|gio/|gobject/|xcb/|X11/|wayland|wlr-|dbus/|systemd/"
     r"|QDBus|QtDBus|QtWidgets|QWidget|QApplication|qpa/|QtGui/private)"
 )
 CLOCKS = re.compile(

@@ -30,6 +30,8 @@ class ArrowsTest(unittest.TestCase):
             ("linux/shield/A.h", "linux/workspace/B.h"),
             ("linux/shield/A.h", "takeover/B.h"),
             ("linux/views/A.h", "linux/shield/B.h"),
+            ("linux/layershell/A.h", "linux/popup/B.h"),
+            ("takeover/A.cpp", "wlr-layer-shell-unstable-v1.h"),
             ("takeover/A.h", "linux/views/B.h"),
             ("app/AppCoordinator.cpp", "linux/shield/B.h"),
         ]:
@@ -45,6 +47,7 @@ class ArrowsTest(unittest.TestCase):
             ("linux/eventstore/A.cpp", "linux/eventstore/B.h"),
             ("linux/eventstore/A.cpp", "platform/EventStore.h"),
             ("linux/shield/A.cpp", "linux/views/B.h"),
+            ("linux/popup/A.cpp", "linux/layershell/B.h"),
             ("links/A.cpp", "QString"),
         ]:
             with self.subTest(path=path, header=header):
