@@ -1,6 +1,7 @@
 #include <fakes/FakeEventStore.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/Times.h>
+#include <linux/layershell/LayerShell.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopups.h>
 #include <linux/views/ViewEngine.h>
@@ -81,7 +82,8 @@ void measurePopover(MainQueue &queue) {
     viewModel.setMode(EventListMode::all);
     PopoverModel model(viewModel, preferences, local, {[](const auto &) {}, [](QPoint) {}});
     ViewEngine engine;
-    QtPopups popups(engine);
+    const LayerShell layerShell;
+    QtPopups popups(queue, engine, layerShell);
     UpcomingEventsPopover popover(popups, upcomingEventsContent(model), viewModel, queue);
     report(
         queue, [&popover] { popover.show(QRect(600, 0, 24, 24)); },

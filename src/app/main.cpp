@@ -9,6 +9,7 @@
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
 #include <linux/eventstore/folders/FolderDescription.h>
+#include <linux/layershell/LayerShell.h>
 #include <linux/loginitem/AutostartLoginItem.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopups.h>
@@ -146,6 +147,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     const TerminationSignals termination([] { QGuiApplication::quit(); });
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
+    const LayerShell layerShell;
     ViewEngine views;
     ConsentDialog consent(queue, views, [&preferences] { return chosenPalette(preferences); });
     LocalEventStore store(
@@ -155,7 +157,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     QtScreenLayout screenLayout(queue);
     QtShieldingPanels panels(queue, views);
     DesktopStatusBar statusBar(queue, symbolArt());
-    QtPopups popups(views);
+    QtPopups popups(queue, views, layerShell);
     QtWindows windows(views);
     SoftwareCenter softwareUpdater(
         queue, workspace, windows, [&preferences] { return chosenPalette(preferences); },

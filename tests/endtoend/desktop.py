@@ -12,7 +12,7 @@ import subprocess
 import tempfile
 import time
 
-from PIL import ImageGrab
+from PIL import Image, ImageChops, ImageGrab
 
 LEFT = (0, 0, 1920, 1080)
 RIGHT = (1920, 0, 3840, 1080)
@@ -47,6 +47,14 @@ def share(picture, area, color):
         for y in range(top, bottom, max(1, (bottom - top) // 54))
     ]
     return sum(alike(point, color) for point in points) / len(points)
+
+
+def bounds(picture, color, tolerance=6):
+    """The frame of all that has a colour; None where nothing has."""
+    others = ImageChops.difference(picture, Image.new("RGB", picture.size, color))
+    channels = [channel.point(lambda value: 255 if value <= tolerance else 0)
+                for channel in others.split()]
+    return ImageChops.darker(ImageChops.darker(channels[0], channels[1]), channels[2]).getbbox()
 
 
 def stamp(moment):
@@ -90,8 +98,8 @@ class Session(contextlib.ExitStack):
 
     def start(self, *command, **options):
         log = open(self.folder / f"{pathlib.Path(command[0]).name}.log", "ab")
-        process = subprocess.Popen(command, env=self.environment, stdout=log, stderr=log,
-                                   stdin=subprocess.DEVNULL, **options)
+        options = {"env": self.environment, "stdin": subprocess.DEVNULL, "stdout": log} | options
+        process = subprocess.Popen(command, stderr=log, **options)
         log.close()
         self.callback(self.end, process)
         return process

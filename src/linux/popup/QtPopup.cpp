@@ -1,5 +1,7 @@
 #include "QtPopup.h"
 
+#include "PopupItem.h"
+#include "PopupLog.h"
 #include "PopupPlacement.h"
 #include "PopupStack.h"
 #include "PopupWindow.h"
@@ -7,39 +9,17 @@
 
 #include <linux/views/ViewEngine.h>
 #include <linux/views/X11Connection.h>
-#include <platform/Log.h>
 
 #include <QGuiApplication>
 #include <QLocale>
 #include <QQuickItem>
 #include <QScreen>
 
-#include <cmath>
 #include <utility>
 
 namespace vantrel {
 
-namespace {
-
 VANTREL_LOG(popupLog, "Popup")
-
-constexpr char cornerRadius[] = "cornerRadius";
-constexpr int radiusOfWindows = 16;
-
-/// Items find their sizes ahead of a frame; here they are wanted before the first one.
-void polish(QQuickItem &item) {
-    const auto children = item.childItems();
-    for (QQuickItem *child : children)
-        polish(*child);
-    item.ensurePolished();
-}
-
-QSize wantedSize(const QQuickItem &item) {
-    return {static_cast<int>(std::ceil(item.implicitWidth())),
-            static_cast<int>(std::ceil(item.implicitHeight()))};
-}
-
-} // namespace
 
 QtPopup::QtPopup(ViewContent content, PopupListener listener, ViewEngine &engine, PopupStack &stack)
     : m_content(std::move(content)),
@@ -104,9 +84,7 @@ void QtPopup::show(const PopupPlace &place) {
             return;
     }
     m_window->setScreen(m_screen);
-    if (m_item->metaObject()->indexOfProperty(cornerRadius) >= 0)
-        m_item->setProperty(cornerRadius, x11::isBlended() ? radiusOfWindows : 0);
-    polish(*m_item);
+    setCorners(*m_item, x11::isBlended() ? Corners::round : Corners::square);
     arrange();
     m_window->show();
     m_window->raise();
@@ -126,7 +104,7 @@ void QtPopup::chooseScreen() {
 void QtPopup::arrange() {
     if (!m_isShown || !m_screen)
         return;
-    const PopupArea area{m_screen->geometry(), m_screen->availableGeometry()};
+    const PopupArea area{m_screen->geometry(), m_screen->availableGeometry(), std::nullopt};
     // The application's own direction follows a translation, of which there may be none.
     const QRect frame = placePopup(m_place, wantedSize(*m_item), area, QLocale().textDirection());
     m_window->setGeometry(frame);

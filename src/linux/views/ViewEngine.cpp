@@ -62,6 +62,11 @@ QQmlEngine &ViewEngine::engine() {
 
 std::unique_ptr<QQuickItem> ViewEngine::makeItem(const ViewContent &content, QQuickWindow &window,
                                                  ItemSize size) {
+    return makeItem(content, *window.contentItem(), size);
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeItem(const ViewContent &content, QQuickItem &container,
+                                                 ItemSize size) {
     QQmlComponent component(&engine());
     const QString source =
         QStringLiteral("import %1\n%2 {}\n").arg(content.module, content.typeName);
@@ -75,9 +80,9 @@ std::unique_ptr<QQuickItem> ViewEngine::makeItem(const ViewContent &content, QQu
     std::unique_ptr<QQuickItem> item(qobject_cast<QQuickItem *>(root.release()));
     QQmlEngine::setObjectOwnership(item.get(), QQmlEngine::CppOwnership);
     component.setInitialProperties(item.get(), propertiesFor(*item, content));
-    item->setParentItem(window.contentItem());
+    item->setParentItem(&container);
     if (size == ItemSize::ofWindow)
-        shareSize(*window.contentItem(), *item);
+        shareSize(container, *item);
     item->setFocus(true);
     component.completeCreate();
     if (component.isError()) {

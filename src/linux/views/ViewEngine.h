@@ -12,7 +12,7 @@ namespace vantrel {
 
 /// How an item comes by its size.
 enum class ItemSize {
-    ofWindow, ///< The window's, from before the item is complete.
+    ofWindow, ///< The window's, or the container's, from before the item is complete.
     ofContent ///< Its own, until somebody sets another.
 };
 
@@ -32,6 +32,10 @@ public:
     /// content that cannot be made, which is logged. The item must not outlive the window.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeItem(const ViewContent &content,
                                                        QQuickWindow &window, ItemSize size);
+
+    /// The same within another item, which may be in no window yet.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeItem(const ViewContent &content,
+                                                       QQuickItem &container, ItemSize size);
 
 private:
     [[nodiscard]] QQmlEngine &engine();

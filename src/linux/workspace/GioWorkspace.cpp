@@ -58,6 +58,8 @@ void launch(GAppInfo *application, const Url &url) {
     const QByteArray text = url.absoluteString().toUtf8();
     GList uris{const_cast<char *>(text.constData()), nullptr, nullptr};
     const LaunchContext context(g_app_launch_context_new());
+    // Of this process alone; the layer-shell surfaces need it.
+    g_app_launch_context_unsetenv(context.get(), "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT");
     if (hasMainContext()) {
         g_app_info_launch_uris_async(application, &uris, context.get(), nullptr, &finishLaunch,
                                      nullptr);

@@ -2,6 +2,8 @@
 
 #include "ClickListener.h"
 
+#include <linux/layershell/LayerShell.h>
+#include <linux/mainqueue/QtMainQueue.h>
 #include <linux/popup/QtPopup.h>
 #include <linux/popup/QtPopups.h>
 #include <linux/views/ViewEngine.h>
@@ -61,7 +63,9 @@ protected:
     Desktop desktop{GetParam()};
     ClickListener listener;
     ViewEngine views;
-    QtPopups popups{views};
+    LayerShell layerShell;
+    QtMainQueue queue;
+    QtPopups popups{queue, views, layerShell};
     int showings = 0;
     int closings = 0;
     std::unique_ptr<Popup> popup = makePopup(closings);

@@ -1,0 +1,134 @@
+"""A Wayland desktop of the tests' own: sway without a screen or a seat, with two outputs, a panel,
+a mouse and a keyboard, and the program on a scratch profile."""
+
+import io
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+
+from PIL import Image
+
+from desktop import Session, within
+
+LEFT = "HEADLESS-1"
+RIGHT = "HEADLESS-2"
+SIZE = (1920, 1080)
+PANEL = 30
+
+
+class WaylandDesktop(Session):
+    """`with WaylandDesktop() as desktop:` starts it all. The panel is at the top or the bottom of
+    each output. With a `scale` the outputs keep their pixels and shrink in between."""
+
+    def __init__(self, panel="top", scale=1):
+        super().__init__()
+        self.panel = panel
+        self.scale = scale
+        self.width, self.height = (round(side / scale) for side in SIZE)
+
+    def __enter__(self):
+        super().__enter__()
+        self.folder.chmod(0o711)
+        self.environment["QT_QPA_PLATFORM"] = "wayland"
+        self.environment.pop("DISPLAY", None)
+        self._start_compositor()
+        # Keyboards that come and go would take the focus with them.
+        self.start("wtype", "-s", "3600000", "-k", "Shift_L")
+        within(10, self.has_keyboard, "a keyboard is there")
+        self.mouse = self.start(os.environ["VIRTUAL_POINTER"], stdin=subprocess.PIPE,
+                                stdout=subprocess.PIPE)
+        self.callback(self.mouse.stdout.close)
+        self.callback(self.mouse.stdin.close)
+        self.mouse.stdout.readline()
+        self.move_pointer(400, 500)
+        return self
+
+    def _start_compositor(self):
+        runtime = self.folder / "compositor"
+        runtime.mkdir(mode=0o700)
+        bar = (f"bar {{\n position {self.panel}\n height {PANEL}\n workspace_buttons no\n"
+               " tray_output none\n}\n") if self.panel else ""
+        (runtime / "config").write_text(
+            f"output {LEFT} resolution 1920x1080 position 0 0 scale {self.scale}\n"
+            f"output {RIGHT} resolution 1920x1080 position {self.width} 0 scale {self.scale}\n"
+            f"default_border none\nfocus_follows_mouse no\nxwayland disable\n{bar}")
+        environment = {
+            "PATH": os.environ["PATH"], "HOME": str(runtime), "XDG_RUNTIME_DIR": str(runtime),
+            "SWAYSOCK": str(runtime / "ipc"), "LC_ALL": "C.UTF-8", "WLR_BACKENDS": "headless",
+            "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_HEADLESS_OUTPUTS": "2",
+        }
+        command = ["sway", "--config", str(runtime / "config")]
+        if os.geteuid() == 0:
+            # It refuses to run as root.
+            shutil.chown(runtime, "nobody", "nogroup")
+            shutil.chown(runtime / "config", "nobody", "nogroup")
+            command = ["setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups", *command]
+        self.start(*command, env=environment)
+        sockets = lambda: [path for path in runtime.glob("wayland-*") if path.suffix != ".lock"]
+        self.environment["WAYLAND_DISPLAY"] = str(within(20, sockets, "the compositor runs")[0])
+        self.environment["SWAYSOCK"] = str(runtime / "ipc")
+        within(20, lambda: len(self.outputs()) == 2, "both outputs are there")
+        if self.panel:
+            within(20, self.has_panels, "the panels are up")
+
+    def message(self, *command):
+        return self.ask("swaymsg", "--", *command)
+
+    def query(self, what):
+        answer = self.ask("swaymsg", "--raw", "--type", what)
+        return json.loads(answer) if answer else []
+
+    def outputs(self):
+        return [output["name"] for output in self.query("get_outputs") if output["active"]]
+
+    def has_panels(self):
+        """A workspace lacks what panels take."""
+        return all(workspace["rect"]["height"] < self.height
+                   for workspace in self.query("get_workspaces"))
+
+    def has_keyboard(self):
+        return any(device["type"] == "keyboard" for device in self.query("get_inputs"))
+
+    def windows(self):
+        """The titles of all windows, and of those that have the keyboard."""
+        waiting, titles, focused = [self.query("get_tree")], [], []
+        while waiting:
+            node = waiting.pop()
+            waiting += node.get("nodes", []) + node.get("floating_nodes", [])
+            if node.get("pid"):
+                titles.append(node["name"])
+                if node["focused"]:
+                    focused.append(node["name"])
+        return titles, focused
+
+    def press(self, key, *modifiers):
+        held = [word for modifier in modifiers for word in ("-M", modifier)]
+        self.ask("wtype", *held, "-k", key)
+
+    def _mouse(self, line):
+        self.mouse.stdin.write(line.encode() + b"\n")
+        self.mouse.stdin.flush()
+        if not self.mouse.stdout.readline():
+            raise AssertionError("the mouse is gone")
+
+    def move_pointer(self, x, y):
+        self._mouse(f"move {round(x)} {round(y)} {self.width * 2} {self.height}")
+
+    def click(self, x, y):
+        self.move_pointer(x, y)
+        self._mouse("press")
+        self._mouse("release")
+
+    def picture(self, output=LEFT):
+        """In the pixels of the output."""
+        data = self.ask("grim", "-t", "ppm", "-o", output, "-")
+        return Image.open(io.BytesIO(data)).convert("RGB")
+
+    def keep_picture(self, name):
+        """For people to look at, where the environment names a folder."""
+        folder = os.environ.get("VANTREL_TEST_PICTURES")
+        if folder:
+            for output in self.outputs():
+                self.picture(output).save(pathlib.Path(folder, f"{name}-{output}.png"))
