@@ -1,6 +1,7 @@
 #include "DesktopStatusItem.h"
 
 #include "ClickPlace.h"
+#include "HostTexts.h"
 
 #include <QGuiApplication>
 
@@ -11,6 +12,7 @@ DesktopStatusItem::DesktopStatusItem(MainQueue &queue, const SymbolArt &art,
     : m_queue(queue),
       m_listener(std::move(listener)),
       m_art(art),
+      m_trayToolTip(queue),
       m_notifier(queue, art, notifierListener()) {}
 
 StatusNotifier::Listener DesktopStatusItem::notifierListener() {
@@ -45,6 +47,7 @@ void DesktopStatusItem::show(ItemLook look) {
         return;
     m_look = std::move(look);
     m_notifier.show(m_look);
+    m_trayToolTip.setText(plainToolTip(m_look));
     if (m_trayIcon)
         m_trayIcon->show(m_look);
 }
@@ -53,12 +56,26 @@ void DesktopStatusItem::follow(bool isShownByHost) {
     const bool hasTray = QGuiApplication::platformName() == u"xcb";
     if (isShownByHost || !hasTray) {
         m_trayIcon.reset();
+        m_trayToolTip.hide();
     } else if (!m_trayIcon) {
-        m_trayIcon = std::make_unique<TrayIcon>(m_art, [this](const TrayIcon::Click &tray) {
-            click({tray.button, tray.hasControl, placeOfFrame(tray.pixels)});
-        });
-        m_trayIcon->show(m_look);
+        dock();
     }
+}
+
+void DesktopStatusItem::dock() {
+    TrayIcon::Listener listener;
+    listener.clicked = [this](const TrayIcon::Click &tray) {
+        click({tray.button, tray.hasControl, placeOfFrame(tray.pixels)});
+    };
+    listener.pointed = [this](const std::optional<QRect> &pixels) {
+        const std::optional<QRect> place = pixels ? placeOfFrame(*pixels) : std::nullopt;
+        if (place)
+            m_trayToolTip.showAt(*place);
+        else
+            m_trayToolTip.hide();
+    };
+    m_trayIcon = std::make_unique<TrayIcon>(m_art, std::move(listener));
+    m_trayIcon->show(m_look);
 }
 
 void DesktopStatusItem::activate(PointerButton button, const std::optional<QRect> &place) {

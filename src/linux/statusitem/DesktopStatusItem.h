@@ -4,6 +4,7 @@
 #include "StatusNotifier.h"
 #include "SymbolArt.h"
 #include "TrayIcon.h"
+#include "TrayToolTip.h"
 
 #include <platform/MainQueue.h>
 #include <platform/StatusItem.h>
@@ -30,6 +31,7 @@ private:
     [[nodiscard]] StatusNotifier::Listener notifierListener();
     void show(ItemLook look);
     void follow(bool isShownByHost);
+    void dock();
     void activate(PointerButton button, const std::optional<QRect> &place);
     void click(const StatusItemClick &click);
     /// On the loop, and not at all once the item is gone: a listener may destroy the item.
@@ -39,6 +41,7 @@ private:
     StatusItemListener m_listener;
     ItemLook m_look;
     SymbolArt m_art;
+    TrayToolTip m_trayToolTip;
     std::unique_ptr<TrayIcon> m_trayIcon; ///< While no host shows the item.
     StatusNotifier m_notifier;
     std::shared_ptr<char> m_life = std::make_shared<char>();

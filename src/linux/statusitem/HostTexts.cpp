@@ -34,6 +34,11 @@ QString detailText(const ItemLook &look) {
     return lines.join(u'\n');
 }
 
+QString plainToolTip(const ItemLook &look) {
+    const QString details = detailText(look);
+    return details.isEmpty() ? nameText(look) : details;
+}
+
 HostToolTip hostToolTip(const ItemLook &look) {
     const QString details = detailText(look);
     // Some hosts take for markup only what has a tag in it: without one, an escaped "Q&A" would be

@@ -22,6 +22,9 @@ namespace vantrel {
 /// program's name. May be empty.
 [[nodiscard]] QString detailText(const ItemLook &look);
 
+/// The details, else the program's name: a tooltip where no host makes one.
+[[nodiscard]] QString plainToolTip(const ItemLook &look);
+
 /// The program's name as heading and the details, escaped.
 [[nodiscard]] HostToolTip hostToolTip(const ItemLook &look);
 

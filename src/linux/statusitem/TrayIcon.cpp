@@ -15,9 +15,9 @@ const T &as(const xcb_generic_event_t &event) {
 
 } // namespace
 
-TrayIcon::TrayIcon(SymbolArt art, std::function<void(const Click &)> clicked)
+TrayIcon::TrayIcon(SymbolArt art, Listener listener)
     : m_art(std::move(art)),
-      m_clicked(std::move(clicked)),
+      m_listener(std::move(listener)),
       m_link([this](const xcb_generic_event_t &event) { take(event); }) {
     if (!m_link.isAlive())
         return;
@@ -78,6 +78,13 @@ void TrayIcon::take(const xcb_generic_event_t &event) {
             m_window->paint();
         break;
     }
+    case XCB_ENTER_NOTIFY:
+        takeEntry(as<xcb_enter_notify_event_t>(event));
+        break;
+    case XCB_LEAVE_NOTIFY:
+    case XCB_BUTTON_PRESS:
+        m_listener.pointed(std::nullopt);
+        break;
     case XCB_BUTTON_RELEASE:
         takeRelease(as<xcb_button_release_event_t>(event));
         break;
@@ -98,7 +105,15 @@ void TrayIcon::takeLoss(xcb_window_t window) {
     // was docked here, or was about to be, is docked again.
     m_window.reset();
     m_tray = XCB_WINDOW_NONE;
+    m_listener.pointed(std::nullopt);
     look();
+}
+
+void TrayIcon::takeEntry(const xcb_enter_notify_event_t &entry) {
+    if (!m_window || entry.event != m_window->id())
+        return;
+    const QPoint origin(entry.root_x - entry.event_x, entry.root_y - entry.event_y);
+    m_listener.pointed(QRect(origin, m_window->size()));
 }
 
 void TrayIcon::takeRelease(const xcb_button_release_event_t &release) {
@@ -110,8 +125,8 @@ void TrayIcon::takeRelease(const xcb_button_release_event_t &release) {
         !frame.contains(release.event_x, release.event_y))
         return;
     const QPoint origin(release.root_x - release.event_x, release.root_y - release.event_y);
-    m_clicked({isLeft ? PointerButton::left : PointerButton::right,
-               (release.state & XCB_MOD_MASK_CONTROL) != 0, frame.translated(origin)});
+    m_listener.clicked({isLeft ? PointerButton::left : PointerButton::right,
+                        (release.state & XCB_MOD_MASK_CONTROL) != 0, frame.translated(origin)});
 }
 
 } // namespace vantrel

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace vantrel {
 
@@ -24,8 +25,15 @@ public:
         QRect pixels; ///< The item's place on the screen.
     };
 
-    /// `clicked` is called from the event loop. Without an X server the icon does nothing.
-    TrayIcon(SymbolArt art, std::function<void(const Click &)> clicked);
+    struct Listener {
+        std::function<void(const Click &)> clicked;
+        /// The pointer has come to the item, which has this place; empty when it has gone, and when
+        /// it presses a button.
+        std::function<void(const std::optional<QRect> &pixels)> pointed;
+    };
+
+    /// The listener is called from the event loop. Without an X server the icon does nothing.
+    TrayIcon(SymbolArt art, Listener listener);
 
     void show(const ItemLook &look);
 
@@ -35,12 +43,13 @@ private:
     void take(const xcb_generic_event_t &event);
     void takeMessage(const xcb_client_message_event_t &message);
     void takeRelease(const xcb_button_release_event_t &release);
+    void takeEntry(const xcb_enter_notify_event_t &entry);
     void takeLoss(xcb_window_t window);
     /// Docks the item where a tray has come or changed.
     void look();
 
     SymbolArt m_art;
-    std::function<void(const Click &)> m_clicked;
+    Listener m_listener;
     ItemLook m_look;
     X11Link m_link;
     xcb_atom_t m_selection = XCB_ATOM_NONE; ///< What the tray of this screen owns.

@@ -59,7 +59,8 @@ void TrayWindow::create() {
     xcb_connection_t *connection = m_link.connection();
     const xcb_screen_t &screen = m_link.screen();
     const std::uint32_t events = XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY |
-                                 XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE;
+                                 XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
+                                 XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
     const auto make = [&](std::uint8_t depth, xcb_visualid_t visual, std::uint32_t mask,
                           const std::uint32_t *values) {
         xcb_create_window(connection, depth, m_window, screen.root, 0, 0, firstSide, firstSide, 0,
@@ -105,9 +106,8 @@ void TrayWindow::dock(xcb_window_t tray) {
 
 void TrayWindow::show(const ItemLook &look) {
     m_look = look;
-    // What a tray without tooltips of its own, or a screen reader, can tell of the item.
-    const QByteArray name =
-        onOneLine(detailText(look).isEmpty() ? nameText(look) : detailText(look)).toUtf8();
+    // What a tray with a list of its items, or a screen reader, can tell of the item.
+    const QByteArray name = onOneLine(plainToolTip(look)).toUtf8();
     xcb_change_property(m_link.connection(), XCB_PROP_MODE_REPLACE, m_window,
                         m_link.atom("_NET_WM_NAME"), m_link.atom("UTF8_STRING"), 8,
                         static_cast<std::uint32_t>(name.size()), name.constData());
