@@ -107,11 +107,23 @@ void AppCoordinator::takeRequest(ActivationRequest request) {
     case ActivationRequest::togglePause:
         m_preferences.setIsPaused(!m_preferences.isPaused());
         break;
+    case ActivationRequest::pause:
+        m_preferences.setIsPaused(true);
+        break;
+    case ActivationRequest::resume:
+        m_preferences.setIsPaused(false);
+        break;
     case ActivationRequest::showPopover:
         m_upcomingEventsPopover->show(std::nullopt);
         break;
     case ActivationRequest::showPreferences:
         break; // There is no such window.
+    case ActivationRequest::showRecap:
+        openRecap();
+        break;
+    case ActivationRequest::preview:
+        previewTakeover(std::nullopt);
+        break;
     case ActivationRequest::quit:
         m_services.terminate();
         break;

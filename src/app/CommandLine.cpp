@@ -10,20 +10,28 @@ namespace {
 constexpr Seconds longestHorizon{3660 * 86400.0};
 
 const char helpText[] = R"(Usage: vantrel [OPTION]...
-       vantrel agenda|calendars [OPTION]...
+       vantrel VERB [OPTION]...
 
 Vantrel covers every screen shortly before each of your meetings, so that you never miss one.
 Without a verb it runs until it is told to end; where it runs already, with the same profile, that
 one shows its popover.
 
-Verbs:
-  agenda                 print the upcoming events and end; needs no running agent
-  calendars              print the calendars, and which are watched, and end; needs none either
+Verbs that need no running agent:
+  agenda                 print the upcoming events and end
+  calendars              print the calendars, and which are watched, and end
+
+Verbs for the running agent:
+  preview                show what a takeover looks like
+  pause, resume          show no takeovers, show them again
+  preferences            open the window with the settings
+  recap                  open the window with the week's rescues
+  quit                   end it
 
 Options:
   --profile FOLDER       keep settings, calendars and the rescue log in FOLDER
   --action NAME          without a verb: have the running one, or else the one that is started,
-                         do this: popover, pause (or resume), preferences, quit
+                         do this: popover, toggle-pause, pause, resume, preferences, recap,
+                         preview, quit
   --help                 this text
   --version              the version
 
@@ -36,7 +44,8 @@ Options of agenda:
   --now ISO8601          take this for the present moment; without an offset in local time
   --horizon SECONDS      how far to look ahead, above 0 (as it is: 1209600, two weeks)
 
-The time zone is the environment's (TZ). Exit codes: 0 done, 1 failed, 2 wrong usage.
+The time zone is the environment's (TZ). Exit codes: 0 done, 1 failed (also where no
+agent runs that could be asked), 2 wrong usage.
 )";
 
 std::optional<Instant> parseInstant(const QString &text, const LocalCalendar &calendar) {
@@ -67,6 +76,14 @@ Command readRun(const QCommandLineParser &parser, const std::optional<QString> &
     if (!request)
         return UsageError{QStringLiteral("no action: %1").arg(name)};
     return RunAgent{profile, request};
+}
+
+/// What a verb for the running agent asks for; empty for what is no such verb.
+std::optional<ActivationRequest> requestOfVerb(const QStringList &positional) {
+    using enum ActivationRequest;
+    const auto request = positional.size() == 1 ? activationRequest(positional.front())
+                                                : std::optional<ActivationRequest>();
+    return request == showPopover || request == togglePause ? std::nullopt : request;
 }
 
 Command readAgenda(const QCommandLineParser &parser, const LocalCalendar &calendar,
@@ -121,13 +138,18 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
         return UsageError{QStringLiteral("--action goes without a verb")};
     if (positional == QStringList{QStringLiteral("agenda")})
         return readAgenda(parser, calendar, profile);
+    const auto request = requestOfVerb(positional);
     const bool isCalendars = positional == QStringList{QStringLiteral("calendars")};
-    if (!positional.isEmpty() && !isCalendars)
+    if (!positional.isEmpty() && !isCalendars && !request)
         return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
     for (const char *option : {"calendars", "now", "horizon"}) {
         if (parser.isSet(QLatin1String(option)))
             return UsageError{QStringLiteral("--%1 goes with agenda").arg(QLatin1String(option))};
     }
+    if (request && parser.isSet(QStringLiteral("json")))
+        return UsageError{QStringLiteral("--json does not go with %1").arg(positional.front())};
+    if (request)
+        return AskAgent{profile, *request};
     if (isCalendars)
         return PrintCalendars{profile, parser.isSet(QStringLiteral("json"))};
     return readRun(parser, profile);

@@ -20,6 +20,12 @@ struct RunAgent {
     std::optional<ActivationRequest> request;
 };
 
+/// Asks the agent that runs, and ends; starts none.
+struct AskAgent {
+    std::optional<QString> profile;
+    ActivationRequest request;
+};
+
 /// Prints the upcoming events and ends.
 struct PrintAgenda {
     static constexpr Seconds defaultHorizon{14 * 86400.0};
@@ -48,7 +54,8 @@ struct UsageError {
     QString message;
 };
 
-using Command = std::variant<RunAgent, PrintAgenda, PrintCalendars, PrintText, UsageError>;
+using Command =
+    std::variant<RunAgent, AskAgent, PrintAgenda, PrintCalendars, PrintText, UsageError>;
 
 /// Reads the program's arguments, its own name first. Dates without an offset are read in the zone
 /// of `calendar`.

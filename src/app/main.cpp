@@ -106,6 +106,11 @@ QVariant chosenPalette(const PreferencesStore &preferences) {
     return QVariant::fromValue(ThemePalette(palette(preferences.selectedTheme())));
 }
 
+/// Unlike `quit`, which asks each window, and a takeover that is up would refuse.
+void endProgram() {
+    QCoreApplication::exit(done);
+}
+
 SymbolArt symbolArt() {
     return {[](const QString &symbol, QSize pixels, const QColor &color) {
                 return symbolPicture(symbol, pixels, color);
@@ -144,7 +149,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     BusActivation activation(queue, command.profile);
     if (const auto end = endOfStart(activation, command))
         return *end;
-    const TerminationSignals termination([] { QGuiApplication::quit(); });
+    const TerminationSignals termination(&endProgram);
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
     const LayerShell layerShell;
@@ -167,8 +172,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                windows, softwareUpdater, loginItem, currentCalendar,
-                                &QGuiApplication::quit},
+                                windows, softwareUpdater, loginItem, currentCalendar, &endProgram},
                                rescueLogFile(command.profile));
 
     store.start();
@@ -180,6 +184,23 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     const int code = QGuiApplication::exec();
     coordinator.stop();
     return code;
+}
+
+int askAgent(int &argc, char **argv, const AskAgent &command) {
+    using Asked = BusActivation::Asked;
+    if (!isSessionBusAnswering(patienceWithBus))
+        return fail(failed, QStringLiteral("the session bus does not answer"));
+    const QCoreApplication application(argc, argv);
+    QtMainQueue queue;
+    switch (BusActivation(queue, command.profile).askRunning(command.request)) {
+    case Asked::hasTaken:
+        return done;
+    case Asked::hasRefused:
+        return fail(failed, QStringLiteral("it runs, but does not answer"));
+    case Asked::isNotRunning:
+        return fail(failed, QStringLiteral("it is not running"));
+    }
+    Q_UNREACHABLE();
 }
 
 /// The first of the paths that is neither a folder nor a calendar file, or cannot be read.
@@ -301,6 +322,8 @@ int main(int argc, char **argv) {
         return fail(wrongUsage, error->message + QStringLiteral(" (vantrel --help tells more)"));
     if (const auto *text = std::get_if<PrintText>(&command))
         return show(text->text.toUtf8());
+    if (const auto *request = std::get_if<AskAgent>(&command))
+        return askAgent(argc, argv, *request);
     if (const auto *agenda = std::get_if<PrintAgenda>(&command))
         return printAgenda(argc, argv, *agenda);
     if (const auto *calendars = std::get_if<PrintCalendars>(&command))

@@ -7,9 +7,17 @@ QString activationName(ActivationRequest request) {
     case ActivationRequest::showPopover:
         return QStringLiteral("popover");
     case ActivationRequest::togglePause:
+        return QStringLiteral("toggle-pause");
+    case ActivationRequest::pause:
         return QStringLiteral("pause");
+    case ActivationRequest::resume:
+        return QStringLiteral("resume");
     case ActivationRequest::showPreferences:
         return QStringLiteral("preferences");
+    case ActivationRequest::showRecap:
+        return QStringLiteral("recap");
+    case ActivationRequest::preview:
+        return QStringLiteral("preview");
     case ActivationRequest::quit:
         return QStringLiteral("quit");
     }
@@ -17,8 +25,9 @@ QString activationName(ActivationRequest request) {
 }
 
 std::optional<ActivationRequest> activationRequest(const QString &name) {
-    for (const auto request : {ActivationRequest::showPopover, ActivationRequest::togglePause,
-                               ActivationRequest::showPreferences, ActivationRequest::quit}) {
+    using enum ActivationRequest;
+    for (const auto request :
+         {showPopover, togglePause, pause, resume, showPreferences, showRecap, preview, quit}) {
         if (activationName(request) == name)
             return request;
     }

@@ -11,12 +11,16 @@ namespace vantrel {
 enum class ActivationRequest {
     showPopover,
     togglePause,
+    pause,
+    resume,
     showPreferences,
+    showRecap,
+    preview, ///< Show what a takeover looks like.
     quit,
 };
 
-/// The name of a request in the desktop entry and on the command line: "popover", "pause",
-/// "preferences", "quit".
+/// The name of a request on the bus, in the desktop entry and on the command line: "popover",
+/// "toggle-pause", "pause", "resume", "preferences", "recap", "preview", "quit".
 [[nodiscard]] QString activationName(ActivationRequest request);
 
 /// Empty for a name that is no request's.

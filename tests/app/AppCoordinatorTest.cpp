@@ -365,7 +365,23 @@ TEST_F(AppCoordinatorTest, PausesAndResumesWhenAskedFromOutside) {
     EXPECT_TRUE(preferences->isPaused());
     coordinator->takeRequest(ActivationRequest::togglePause);
     EXPECT_FALSE(preferences->isPaused());
+    for (int time = 0; time < 2; ++time) {
+        coordinator->takeRequest(ActivationRequest::pause);
+        EXPECT_TRUE(preferences->isPaused());
+    }
+    for (int time = 0; time < 2; ++time) {
+        coordinator->takeRequest(ActivationRequest::resume);
+        EXPECT_FALSE(preferences->isPaused());
+    }
     EXPECT_EQ(terminations, 0);
+}
+
+TEST_F(AppCoordinatorTest, ShowsTheRecapAndAPreviewWhenAskedFromOutside) {
+    start();
+    coordinator->takeRequest(ActivationRequest::showRecap);
+    EXPECT_EQ(windows.windows.size(), 1U);
+    coordinator->takeRequest(ActivationRequest::preview);
+    EXPECT_EQ(panels.shown().size(), 1U);
 }
 
 TEST_F(AppCoordinatorTest, EndsTheProgramWhenAskedFromOutside) {

@@ -29,10 +29,34 @@ TEST(CommandLine, RunsTheAgentOnAProfile) {
 }
 
 TEST(CommandLine, HasTheAgentDoWhatAnActionNames) {
-    const Command command = parse({QStringLiteral("--action"), QStringLiteral("pause")});
+    const Command command = parse({QStringLiteral("--action"), QStringLiteral("toggle-pause")});
     ASSERT_TRUE(std::holds_alternative<RunAgent>(command));
     EXPECT_EQ(std::get<RunAgent>(command).request, ActivationRequest::togglePause);
     EXPECT_EQ(std::get<RunAgent>(parse({})).request, std::nullopt);
+}
+
+TEST(CommandLine, AsksTheRunningAgentByAVerb) {
+    for (const auto request : {ActivationRequest::preview, ActivationRequest::pause,
+                               ActivationRequest::resume, ActivationRequest::showPreferences,
+                               ActivationRequest::showRecap, ActivationRequest::quit}) {
+        const Command command =
+            parse({activationName(request), QStringLiteral("--profile"), QStringLiteral("p")});
+        ASSERT_TRUE(std::holds_alternative<AskAgent>(command))
+            << activationName(request).toStdString();
+        EXPECT_EQ(std::get<AskAgent>(command).request, request);
+        EXPECT_EQ(std::get<AskAgent>(command).profile, QStringLiteral("p"));
+    }
+}
+
+TEST(CommandLine, RefusesAVerbThatIsNoneTwoOfThemAndOptionsOfOthers) {
+    for (const QStringList &arguments :
+         {QStringList{QStringLiteral("popover")}, QStringList{QStringLiteral("toggle-pause")},
+          QStringList{QStringLiteral("pause"), QStringLiteral("resume")},
+          QStringList{QStringLiteral("pause"), QStringLiteral("--json")},
+          QStringList{QStringLiteral("quit"), QStringLiteral("--now"),
+                      QStringLiteral("2026-03-02")}})
+        EXPECT_TRUE(std::holds_alternative<UsageError>(parse(arguments)))
+            << arguments.join(QLatin1Char(' ')).toStdString();
 }
 
 TEST(CommandLine, RefusesAnActionThatIsNoneAndOneBesideAVerb) {

@@ -2,6 +2,7 @@
 """The program started again while it runs, as from a launcher or by an action of its desktop entry,
 and how it ends."""
 
+import json
 import os
 import pathlib
 import signal
@@ -41,9 +42,9 @@ class ActivationTest(unittest.TestCase):
         within(20, lambda: self.desktop.windows(name="^Vantrel$"), "the list is shown")
 
     def test_carries_out_the_actions_of_the_desktop_entry(self):
-        self.assertEqual(self.start_again("--action", "pause"), 0)
+        self.assertEqual(self.start_again("--action", "toggle-pause"), 0)
         self.panel.item(icon=OUTLINE)
-        self.assertEqual(self.start_again("--action", "pause"), 0)
+        self.assertEqual(self.start_again("--action", "toggle-pause"), 0)
         self.panel.item(icon=FULL)
         self.assertEqual(self.start_again("--action", "quit"), 0)
         self.assertEqual(self.agent.process.wait(20), 0)
@@ -61,6 +62,27 @@ class ActivationTest(unittest.TestCase):
         self.assertEqual(self.start_again("--action", "pause"), 0)
         self.assertIsNone(self.agent.process.poll())
         panel.item(icon=OUTLINE)
+
+    def test_does_what_a_verb_asks_for(self):
+        for _ in range(2):
+            self.assertEqual(self.start_again("pause"), 0)
+        self.panel.item(icon=OUTLINE)
+        self.assertEqual(self.start_again("resume"), 0)
+        self.panel.item(icon=FULL)
+        self.assertEqual(self.start_again("recap"), 0)
+        within(20, lambda: self.desktop.windows(name="^This Week's Rescues$"), "the recap is shown")
+        self.assertEqual(self.start_again("preview"), 0)
+        within(20, self.desktop.panels, "the takeover is shown")
+        self.assertEqual(self.start_again("quit"), 0)
+        self.assertEqual(self.agent.process.wait(20), 0)
+
+    def test_starts_nothing_for_a_verb(self):
+        self.assertEqual(self.start_again("quit"), 0)
+        self.assertEqual(self.agent.process.wait(20), 0)
+        for verb in ["preview", "pause", "resume", "preferences", "recap", "quit"]:
+            self.assertEqual(self.start_again(verb), 1, verb)
+        self.assertNotIn("Vantrel.isPaused", json.loads(
+            (self.agent.profile / "settings.json").read_text()))
 
     def icon_folders(self):
         return [*(self.desktop.folder / "runtime").glob("vantrel-icons-*")]

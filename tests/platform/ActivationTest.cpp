@@ -5,10 +5,12 @@
 namespace vantrel {
 
 TEST(ActivationRequestTest, IsFoundByItsName) {
-    for (const auto request : {ActivationRequest::showPopover, ActivationRequest::togglePause,
-                               ActivationRequest::showPreferences, ActivationRequest::quit})
+    using enum ActivationRequest;
+    for (const auto request :
+         {showPopover, togglePause, pause, resume, showPreferences, showRecap, preview, quit})
         EXPECT_EQ(activationRequest(activationName(request)), request);
-    EXPECT_EQ(activationRequest(QStringLiteral("pause")), ActivationRequest::togglePause);
+    EXPECT_EQ(activationRequest(QStringLiteral("toggle-pause")), togglePause);
+    EXPECT_EQ(activationRequest(QStringLiteral("pause")), pause);
 }
 
 TEST(ActivationRequestTest, IsNoneForAnyOtherName) {

@@ -74,10 +74,28 @@ void BusActivation::enter(QDBusConnection bus) {
     m_search.quit();
 }
 
-BusActivation::Claim BusActivation::claim(ActivationRequest request) {
+void BusActivation::findBus() {
     const ScheduledWork limit = m_queue.after(patience, [this] { m_search.quit(); });
     if (!m_bus.isKnown())
         m_search.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+BusActivation::Asked BusActivation::askRunning(ActivationRequest request) {
+    findBus();
+    if (!m_bus.bus())
+        return Asked::isNotRunning;
+    QDBusMessage question = action(m_name, request);
+    question.setAutoStartService(false);
+    const auto answer = ask(question);
+    if (answer && answer->type() == QDBusMessage::ReplyMessage)
+        return Asked::hasTaken;
+    const bool hasNoOwner =
+        answer && answer->errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
+    return hasNoOwner || isEndOfOwner(answer) ? Asked::isNotRunning : Asked::hasRefused;
+}
+
+BusActivation::Claim BusActivation::claim(ActivationRequest request) {
+    findBus();
     m_hasClaimed = true;
     // The one that runs may be at its end: then the name is free on the next try.
     for (int tries = 0; m_bus.bus() && tries < mostTries; ++tries) {

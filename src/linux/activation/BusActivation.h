@@ -28,6 +28,12 @@ public:
         wasRefused,  ///< Another one runs and did not take it.
     };
 
+    enum class Asked {
+        hasTaken,    ///< The one that runs will do it.
+        hasRefused,  ///< It does not answer, or knows no such request.
+        isNotRunning ///< Also without a session bus.
+    };
+
     /// `profile` is the folder of a profile; empty for the user's own. `queue` must outlive this.
     BusActivation(MainQueue &queue, const std::optional<QString> &profile);
     BusActivation(const BusActivation &) = delete;
@@ -37,12 +43,16 @@ public:
     /// Runs the event loop until it is known whether another one runs, for some seconds at most.
     [[nodiscard]] Claim claim(ActivationRequest request);
 
+    /// Like `claim`, but takes no name: nothing runs here.
+    [[nodiscard]] Asked askRunning(ActivationRequest request);
+
     void follow(std::function<void(ActivationRequest)> handler) override;
 
     /// The name on the bus that a profile's program has.
     [[nodiscard]] static QString busName(const std::optional<QString> &profile);
 
 private:
+    void findBus();
     void enter(QDBusConnection bus);
     void claimAgain(const QDBusConnection &bus);
     /// The answer; empty when none came in time.

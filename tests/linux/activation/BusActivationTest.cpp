@@ -17,6 +17,7 @@
 
 namespace vantrel::tests {
 
+using Asked = BusActivation::Asked;
 using Claim = BusActivation::Claim;
 using testing::ElementsAre;
 
@@ -30,12 +31,22 @@ protected:
 
     /// Starts the program again, while this one answers; what came of it.
     static Claim startAgain(const QStringList &arguments) {
+        return static_cast<Claim>(exitCodeOfSecond(arguments));
+    }
+
+    /// What comes of a verb.
+    static Asked ask() {
+        return static_cast<Asked>(
+            exitCodeOfSecond({QStringLiteral("--ask"), QStringLiteral("pause")}));
+    }
+
+    static int exitCodeOfSecond(const QStringList &arguments) {
         QProcess second;
         second.setProcessChannelMode(QProcess::ForwardedChannels);
         second.start(QStringLiteral(SECOND_START), arguments);
         EXPECT_TRUE(waitUntil([&] { return second.state() == QProcess::NotRunning; }));
         EXPECT_EQ(second.exitStatus(), QProcess::NormalExit);
-        return static_cast<Claim>(second.exitCode());
+        return second.exitCode();
     }
 
     /// Calls the program as a desktop does; the error's name, empty for none.
@@ -66,10 +77,28 @@ TEST_F(BusActivationTest, HandsTheRequestOnToTheOneThatRuns) {
     ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
     follow(activation);
     EXPECT_EQ(startAgain({QStringLiteral("popover")}), Claim::wasHandedOn);
-    EXPECT_EQ(startAgain({QStringLiteral("pause")}), Claim::wasHandedOn);
+    EXPECT_EQ(startAgain({QStringLiteral("toggle-pause")}), Claim::wasHandedOn);
     ASSERT_TRUE(waitForRequests(2));
     EXPECT_THAT(requests,
                 ElementsAre(ActivationRequest::showPopover, ActivationRequest::togglePause));
+}
+
+TEST_F(BusActivationTest, AsksTheOneThatRunsAndTakesNoName) {
+    EXPECT_EQ(ask(), Asked::isNotRunning);
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    follow(activation);
+    EXPECT_EQ(ask(), Asked::hasTaken);
+    ASSERT_TRUE(waitForRequests(1));
+    EXPECT_THAT(requests, ElementsAre(ActivationRequest::pause));
+}
+
+TEST_F(BusActivationTest, SaysWhenTheOneThatRunsDoesNotTakeAVerb) {
+    QDBusConnection stranger =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("stranger"));
+    ASSERT_TRUE(stranger.registerService(BusActivation::busName(std::nullopt)));
+    EXPECT_EQ(ask(), Asked::hasRefused);
+    stranger.unregisterService(BusActivation::busName(std::nullopt));
 }
 
 TEST_F(BusActivationTest, KeepsWhatIsAskedBeforeTheProgramIsReady) {
@@ -132,7 +161,7 @@ TEST_F(BusActivationTest, IsTheOneThatIsAskedAgainAfterTheBusWasRestarted) {
             return desktop.interface()->isServiceRegistered(BusActivation::busName(std::nullopt));
         },
         Looking::often));
-    EXPECT_EQ(startAgain({QStringLiteral("pause")}), Claim::wasHandedOn);
+    EXPECT_EQ(startAgain({QStringLiteral("toggle-pause")}), Claim::wasHandedOn);
     ASSERT_TRUE(waitForRequests(1));
     EXPECT_THAT(requests, ElementsAre(ActivationRequest::togglePause));
 }

@@ -1,5 +1,6 @@
-// Claims the name for a request and tells with its exit code what came of it.
-// Usage: SecondStart REQUEST [PROFILE]
+// Claims the name for a request and tells with its exit code what came of it; with --ask asks the
+// one that runs, without a claim.
+// Usage: SecondStart REQUEST [PROFILE], SecondStart --ask REQUEST
 
 #include <linux/activation/BusActivation.h>
 #include <linux/mainqueue/QtMainQueue.h>
@@ -10,6 +11,10 @@ int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     vantrel::QtMainQueue queue;
+    if (arguments.value(1) == QLatin1String("--ask"))
+        return static_cast<int>(
+            vantrel::BusActivation(queue, std::nullopt)
+                .askRunning(vantrel::activationRequest(arguments.value(2)).value()));
     vantrel::BusActivation activation(queue, arguments.size() > 2 ? std::optional(arguments[2])
                                                                   : std::nullopt);
     return static_cast<int>(
