@@ -142,9 +142,8 @@ QSize wantedSize(const ViewContent &content) {
 Scene popover(Theme theme, QLocale::Language language, Fill how, Alerts alerts = Alerts::on) {
     Scene made;
     made.name = QStringLiteral("popover-%1-%2-%3")
-                    .arg(rawValue(theme), QLocale(language).name().left(2), nameOf(how));
-    if (alerts == Alerts::paused)
-        made.name += QStringLiteral("-paused");
+                    .arg(rawValue(theme), QLocale(language).name().left(2),
+                         alerts == Alerts::paused ? QStringLiteral("paused") : nameOf(how));
     made.show = [=](const std::function<void(Stage &)> &look) {
         ShownPopover shown{QLocale(language)};
         shown.preferences.setSelectedTheme(theme);

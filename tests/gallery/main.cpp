@@ -2,6 +2,7 @@
 #include "Stage.h"
 
 #include <QCommandLineParser>
+#include <QCursor>
 #include <QDir>
 #include <QGuiApplication>
 #include <QTextStream>
@@ -12,6 +13,8 @@ namespace {
 
 using namespace vantrel::gallery;
 
+constexpr QPoint farFromAnyWindow(10000, 10000);
+
 bool isWanted(const Scene &scene, const QStringList &only) {
     return only.isEmpty() || std::any_of(only.begin(), only.end(), [&scene](const QString &text) {
                return scene.name.contains(text);
@@ -20,6 +23,7 @@ bool isWanted(const Scene &scene, const QStringList &only) {
 
 int write(const std::vector<Scene> &scenes, const QStringList &only, const QDir &folder) {
     QTextStream out(stdout);
+    QCursor::setPos(farFromAnyWindow); // Which lights what is beneath it.
     if (!folder.mkpath(QStringLiteral("."))) {
         out << "cannot make " << folder.path() << '\n';
         return 1;
