@@ -17,7 +17,7 @@ Item {
     signal chosen()
     signal entered()
 
-    implicitWidth: label.implicitWidth + (key.visible ? key.width + 24 : 0) + 40
+    implicitWidth: Math.ceil(boldTitle.advanceWidth) + (key.visible ? key.width + 24 : 0) + 40
     enabled: root.isEnabled && !root.isSeparator
     focus: root.isLit
     implicitHeight: root.isSeparator ? 9 : Math.max(36, Math.round(label.implicitHeight) + 14)
@@ -48,6 +48,13 @@ Item {
         color: root.ThemePaletteKey.palette.accent
     }
 
+    // A lit title is bold; its row is as wide before as then.
+    TextMetrics {
+        id: boldTitle
+        text: root.title
+        font: Typography.reading(Typography.size(0), Font.DemiBold)
+    }
+
     Text {
         id: label
         objectName: "menuTitle"
@@ -64,7 +71,7 @@ Item {
         horizontalAlignment: Text.AlignLeft
         color: root.isLit ? root.ThemePaletteKey.palette.accentForeground
                           : root.ThemePaletteKey.palette.primaryText
-        font: Typography.reading(Typography.size(0), Font.Normal)
+        font: Typography.reading(Typography.size(0), root.isLit ? Font.DemiBold : Font.Normal)
         Accessible.ignored: true
     }
 

@@ -40,8 +40,8 @@ FocusScope {
         selectByMouse: true
         text: root.setting
         color: root.ThemePaletteKey.palette.primaryText
-        selectionColor: root.ThemePaletteKey.palette.accent
-        selectedTextColor: root.ThemePaletteKey.palette.accentForeground
+        selectionColor: root.ThemePaletteKey.palette.dotStroke
+        selectedTextColor: root.ThemePaletteKey.palette.primaryText
         font: Typography.reading(Typography.size(0), Font.Normal)
         Accessible.role: Accessible.EditableText
         Accessible.name: root.title

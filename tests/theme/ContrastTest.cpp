@@ -101,6 +101,13 @@ TEST_P(ContrastTest, MakesThePrimaryTextComfortable) {
     EXPECT_GE(contrast(colors.primaryText, colors.dimSurface), comfortable);
 }
 
+TEST_P(ContrastTest, KeepsSelectedTextReadable) {
+    for (const Color &ground : {colors.surfaceBackground, colors.dimSurface}) {
+        const Color selection = over(ground, colors.dotStroke, colors.dotStroke.alpha);
+        EXPECT_GE(contrast(colors.primaryText, selection), readable);
+    }
+}
+
 TEST_P(ContrastTest, KeepsTheQuietButtonsReadableThroughTheirOpacity) {
     Color label = colors.primaryText;
     label.alpha = 0.85;

@@ -26,8 +26,8 @@ Rectangle {
         selectByMouse: true
         activeFocusOnTab: true
         color: root.ThemePaletteKey.palette.primaryText
-        selectionColor: root.ThemePaletteKey.palette.accent
-        selectedTextColor: root.ThemePaletteKey.palette.accentForeground
+        selectionColor: root.ThemePaletteKey.palette.dotStroke
+        selectedTextColor: root.ThemePaletteKey.palette.primaryText
         font.family: "monospace"
         font.pixelSize: Typography.size(0)
         Accessible.role: Accessible.EditableText
