@@ -97,20 +97,23 @@ def laughing_mouth():
     return fill(LAUGH, BARK) + fill(TONGUE, BLUSH) + line(LAUGH), line(SMILE)
 
 
-def head(eyes, brows, mouth, left_ear=None, whiskers=WHISKERS, gaze=(0, 0), tilt=0):
-    """`gaze` moves the face over the skull, as it moves when he turns his head; however he tilts
-    it by `tilt` degrees, the ears hang down."""
+def nose():
+    return fill(NOSE, BARK) + line("M-16 13 C-11 9 -3 8.5 4 9", 4.5, NOSE_LIGHT)
+
+
+def head(look, mouth, left_ear=None, whiskers=WHISKERS, gaze=(0, 0), tilt=0):
+    """`look` is eyes and brows. `gaze` moves the face over the skull, as it moves when he turns his
+    head; however he tilts it by `tilt` degrees, the ears hang down."""
     dx, dy = gaze
     below, lips = mouth
     skull = (fill(SKULL, CREAM) + fill(JAW_SHADE, CREAM_SHADE) + fill(PATCH, CHESTNUT)
              + fill(PATCH, CHESTNUT).mirrored(0) + fill(PATCH_LIGHT, CHESTNUT_LIGHT))
     snout = (below + fill(MUZZLE, CREAM_LIGHT) + fill(MUZZLE_SHADE, CREAM_SHADE) + whiskers + lips
-             + fill(NOSE, BARK) + line("M-16 13 C-11 9 -3 8.5 4 9", 4.5, NOSE_LIGHT))
+             + nose())
     left_ear = left_ear or ear(True).placed(f"rotate({-0.8 * tilt:g} -64 -76)")
     right_ear = ear(False).mirrored(0).placed(f"rotate({-0.8 * tilt:g} 64 -76)")
-    look = (eyes + brows).placed(f"translate({0.6 * dx:g} {0.6 * dy:g})")
     return (skull + snout.placed(f"translate({dx} {dy})") + contour(SKULL) + left_ear + right_ear
-            + look).placed(f"rotate({tilt})")
+            + look.placed(f"translate({0.6 * dx:g} {0.6 * dy:g})")).placed(f"rotate({tilt})")
 
 
 def both(draw, *rest):
