@@ -8,10 +8,10 @@ Item {
     required property string symbol
     required property string title
 
-    // Where it was clicked last; by the keyboard, its middle.
-    property point clickPlace: Qt.point(width / 2, height / 2)
+    readonly property point middle: Qt.point(root.width / 2, root.height / 2)
 
-    signal clicked()
+    // At a place within the button; by anything but the pointer, its middle.
+    signal clicked(place: point)
 
     implicitWidth: 36
     implicitHeight: 36
@@ -19,7 +19,7 @@ Item {
     Accessible.role: Accessible.Button
     Accessible.name: root.title
     Accessible.focusable: true
-    Accessible.onPressAction: root.clicked()
+    Accessible.onPressAction: root.clicked(root.middle)
     Keys.onSpacePressed: event => root.take(event)
     Keys.onReturnPressed: event => root.take(event)
     Keys.onEnterPressed: event => root.take(event)
@@ -60,10 +60,7 @@ Item {
     TapHandler {
         id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds
-        onTapped: eventPoint => {
-            root.clickPlace = eventPoint.position;
-            root.clicked();
-        }
+        onTapped: eventPoint => root.clicked(eventPoint.position)
     }
 
     Hint {
@@ -75,9 +72,7 @@ Item {
     // A key that is still held down from elsewhere is no press.
     function take(event: KeyEvent) {
         event.accepted = true;
-        if (event.isAutoRepeat)
-            return;
-        root.clickPlace = Qt.point(root.width / 2, root.height / 2);
-        root.clicked();
+        if (!event.isAutoRepeat)
+            root.clicked(root.middle);
     }
 }

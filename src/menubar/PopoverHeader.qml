@@ -118,7 +118,7 @@ Item {
         symbol: "gearshape.fill"
         title: "More"
         Accessible.role: Accessible.ButtonMenu
-        onClicked: root.openMenu()
+        onClicked: place => root.openMenu(place)
     }
 
     Shortcut {
@@ -138,10 +138,10 @@ Item {
 
     Shortcut {
         sequence: "Alt+M"
-        onActivated: root.openMenu()
+        onActivated: root.openMenu(more.middle)
     }
 
-    function openMenu() {
-        root.viewModel.openMenu(more.mapToGlobal(more.clickPlace));
+    function openMenu(place: point) {
+        root.viewModel.openMenu(more.mapToGlobal(place));
     }
 }

@@ -133,6 +133,20 @@ TEST_F(PopoverKeyboardTest, SpaceAndReturnPressWhatHasTheRing) {
     EXPECT_TRUE(gear.contains(popover.menus[0]));
 }
 
+TEST_F(PopoverKeyboardTest, OpensTheMenuAtTheGearWhereverTheGearWasClickedBefore) {
+    QQuickItem &gear = item("more");
+    QTest::mouseClick(&stage().window(), Qt::LeftButton, Qt::NoModifier,
+                      gear.mapToScene({4.0, 30.0}).toPoint());
+    press(Qt::Key_M, Qt::AltModifier);
+    QAccessible::queryAccessibleInterface(&gear)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    const QPoint corner = stage().window().mapToGlobal(area(gear).topLeft().toPoint());
+    ASSERT_EQ(popover.menus.size(), 3u);
+    EXPECT_EQ(popover.menus[0], corner + QPoint(4, 30));
+    EXPECT_EQ(popover.menus[1], corner + QPoint(18, 18));
+    EXPECT_EQ(popover.menus[2], corner + QPoint(18, 18));
+}
+
 TEST_F(PopoverKeyboardTest, HasMnemonics) {
     press(Qt::Key_A, Qt::AltModifier);
     EXPECT_EQ(popover.viewModel.mode(), EventListMode::all);
