@@ -8,6 +8,10 @@ FocusScope {
 
     required property PopoverModel viewModel
     property real cornerRadius: 16
+    property bool reducedMotion: false
+
+    // From the moment at which the window is shown to the one at which everything is in its place.
+    property real arrival: 1
 
     readonly property real listTop: header.height + divider.height
     readonly property real greatestHeight: 560
@@ -25,6 +29,22 @@ FocusScope {
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
     Accessible.name: "Vantrel"
+    Window.onVisibilityChanged: {
+        if (root.Window.visibility !== Window.Hidden && !root.reducedMotion)
+            opening.restart();
+    }
+
+    // The first frame can be read already.
+    NumberAnimation {
+        id: opening
+        objectName: "opening"
+        target: root
+        property: "arrival"
+        from: 0.3
+        to: 1
+        duration: 160
+        easing.type: Easing.OutCubic
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -47,6 +67,8 @@ FocusScope {
         width: root.width
         height: (root.isSqueezed ? root.height : root.greatestHeight) - root.listTop
         visible: !root.viewModel.isEmpty
+        opacity: root.arrival
+        transform: Translate { y: 8 * (1 - root.arrival) }
         focus: true
         viewModel: root.viewModel
     }
@@ -56,6 +78,8 @@ FocusScope {
         width: root.width
         height: root.height - root.listTop
         visible: root.viewModel.isEmpty
+        opacity: root.arrival
+        transform: Translate { y: 8 * (1 - root.arrival) }
         line: root.viewModel.emptyLine
     }
 

@@ -151,7 +151,8 @@ Scene popover(Theme theme, QLocale::Language language, Fill how, Alerts alerts =
         fill(shown, how, wordsOf(language));
         shown.viewModel.setMode(how == Fill::few ? EventListMode::today : EventListMode::all);
         shown.viewModel.popoverDidShow();
-        const ViewContent content = upcomingEventsContent(shown.model);
+        ViewContent content = upcomingEventsContent(shown.model);
+        content.properties.insert(QStringLiteral("reducedMotion"), true);
         Stage stage(content, wantedSize(content), Stage::Ground::seenThrough);
         look(stage);
     };

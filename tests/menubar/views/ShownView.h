@@ -142,10 +142,18 @@ public:
         popover.add({title, fakes::at(start), 30, {0.2, 0.4, 0.8}, false, link, {}});
     }
 
+    enum class Motion { full, reduced };
+
+    ViewContent content(Motion motion) {
+        ViewContent made = upcomingEventsContent(popover.model);
+        made.properties.insert(QStringLiteral("reducedMotion"), motion == Motion::reduced);
+        return made;
+    }
+
     gallery::Stage &make(EventListMode mode = EventListMode::all) {
         popover.viewModel.setMode(mode);
         popover.viewModel.popoverDidShow();
-        return stand(upcomingEventsContent(popover.model));
+        return stand(content(Motion::reduced));
     }
 
     gallery::ShownPopover popover;
