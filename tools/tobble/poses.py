@@ -33,8 +33,8 @@ def curious():
 
 
 def thoughtful():
-    face = head(both(open_eye, (4, -5)) + brow(LEFT, 2, 2) + brow(RIGHT, 6, 2),
-                closed_mouth(CALM), gaze=(9, -6), tilt=8)
+    face = head(both(open_eye, (5, -6)) + brow(LEFT, -1, 3) + brow(RIGHT, 7, 1),
+                closed_mouth(PONDERING), gaze=(14, -11), tilt=9)
     return seated(sitting() + collar() + tag(), face, lean=-0.05)
 
 
