@@ -13,8 +13,8 @@ namespace vantrel {
 [[nodiscard]] QImage symbolPicture(const QString &name, QSize pixels, const QColor &color,
                                    double degrees = 0.0);
 
-/// The SVG text of a symbol of art/: filled paths without a colour of their own. Empty for a name
-/// that is no symbol's.
+/// The SVG text of a symbol of art/, empty for a name that is no symbol's. Whoever hands it to a
+/// host that tints by itself takes one of filled paths without a colour, as the paws are.
 [[nodiscard]] QByteArray symbolDrawing(const QString &name);
 
 } // namespace vantrel
