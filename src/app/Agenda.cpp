@@ -11,18 +11,6 @@ namespace vantrel {
 
 namespace {
 
-/// ISO 8601 with the offset of the calendar's zone at that moment, to the second.
-QString isoText(Instant instant, const LocalCalendar &calendar) {
-    const QDateTime local = calendar.dateTime(instant);
-    const int offset = local.offsetFromUtc();
-    const int minutes = std::abs(offset) / 60;
-    return local.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")) +
-           QStringLiteral("%1%2:%3")
-               .arg(QLatin1Char(offset < 0 ? '-' : '+'))
-               .arg(minutes / 60, 2, 10, QLatin1Char('0'))
-               .arg(minutes % 60, 2, 10, QLatin1Char('0'));
-}
-
 QJsonValue orNull(const std::optional<QString> &text) {
     return text ? QJsonValue(*text) : QJsonValue(QJsonValue::Null);
 }

@@ -130,6 +130,22 @@ void AppCoordinator::takeRequest(ActivationRequest request) {
     }
 }
 
+AgentStatus AppCoordinator::status() const {
+    AgentStatus status;
+    if (m_menuBar)
+        status.statusItem = m_menuBar->itemPlace();
+    status.isPaused = m_preferences.isPaused();
+    status.access = calendarAccessStatus();
+    for (const auto &group : calendarSnapshot().groups) {
+        for (const auto &calendar : group.calendars) {
+            ++status.calendars;
+            status.watched += m_preferences.selectedCalendarIDs().contains(calendar.id) ? 1 : 0;
+        }
+    }
+    status.nextFires = m_takeoverTriggerScheduler.pendingFires();
+    return status;
+}
+
 void AppCoordinator::closePopups() {
     if (m_popupMenu)
         m_popupMenu->close();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AgentStatus.h"
 #include "CalendarSelection.h"
 
 #include <calendar/CalendarAccess.h>
@@ -90,6 +91,9 @@ public:
     /// What the program is asked from outside. It has been started. A window that there is not is
     /// not shown.
     void takeRequest(ActivationRequest request);
+
+    /// What the program knows of itself; the rest is the caller's to fill in.
+    [[nodiscard]] AgentStatus status() const;
 
     /// Has the user asked for access to their calendars, if need be. The answer comes later, or
     /// never.

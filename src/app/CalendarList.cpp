@@ -9,24 +9,6 @@ namespace vantrel {
 
 namespace {
 
-using Status = CalendarAccess::Status;
-
-QString nameOf(Status status) {
-    switch (status) {
-    case Status::notDetermined:
-        return QStringLiteral("notDetermined");
-    case Status::denied:
-        return QStringLiteral("denied");
-    case Status::restricted:
-        return QStringLiteral("restricted");
-    case Status::writeOnly:
-        return QStringLiteral("writeOnly");
-    case Status::fullAccess:
-        return QStringLiteral("fullAccess");
-    }
-    Q_UNREACHABLE();
-}
-
 QJsonObject objectOf(const CalendarRepository::CalendarInfo &calendar, bool isSelected) {
     return {{QStringLiteral("id"), calendar.id},
             {QStringLiteral("title"), calendar.title},
@@ -55,7 +37,7 @@ QByteArray CalendarList::json() const {
                                   {QStringLiteral("title"), group.source.title},
                                   {QStringLiteral("calendars"), calendars}});
     }
-    return jsonOutput({{QStringLiteral("accessStatus"), nameOf(accessStatus)},
+    return jsonOutput({{QStringLiteral("accessStatus"), rawValue(accessStatus)},
                        {QStringLiteral("groups"), groups},
                        {QStringLiteral("isComplete"), isComplete},
                        {QStringLiteral("isSelectionStored"), isSelectionStored},

@@ -26,6 +26,7 @@ Verbs for the running agent:
   preferences            open the window with the settings
   recap                  open the window with the week's rescues
   quit                   end it
+  status                 print what a report of a defect needs to know, and end
 
 Options:
   --profile FOLDER       keep settings, calendars and the rescue log in FOLDER
@@ -35,7 +36,7 @@ Options:
   --help                 this text
   --version              the version
 
-Options of agenda and calendars:
+Options of agenda, calendars and status:
   --json                 one JSON object instead of text
 
 Options of agenda:
@@ -139,8 +140,9 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
     if (positional == QStringList{QStringLiteral("agenda")})
         return readAgenda(parser, calendar, profile);
     const auto request = requestOfVerb(positional);
+    const bool isStatus = positional == QStringList{QStringLiteral("status")};
     const bool isCalendars = positional == QStringList{QStringLiteral("calendars")};
-    if (!positional.isEmpty() && !isCalendars && !request)
+    if (!positional.isEmpty() && !isCalendars && !isStatus && !request)
         return UsageError{QStringLiteral("not known: %1").arg(positional.last())};
     for (const char *option : {"calendars", "now", "horizon"}) {
         if (parser.isSet(QLatin1String(option)))
@@ -150,6 +152,8 @@ Command parseCommandLine(const QStringList &arguments, const LocalCalendar &cale
         return UsageError{QStringLiteral("--json does not go with %1").arg(positional.front())};
     if (request)
         return AskAgent{profile, *request};
+    if (isStatus)
+        return PrintStatus{profile, parser.isSet(QStringLiteral("json"))};
     if (isCalendars)
         return PrintCalendars{profile, parser.isSet(QStringLiteral("json"))};
     return readRun(parser, profile);

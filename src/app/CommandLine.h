@@ -26,6 +26,12 @@ struct AskAgent {
     ActivationRequest request;
 };
 
+/// Prints how the agent is that runs, and ends.
+struct PrintStatus {
+    std::optional<QString> profile;
+    bool asJson = false;
+};
+
 /// Prints the upcoming events and ends.
 struct PrintAgenda {
     static constexpr Seconds defaultHorizon{14 * 86400.0};
@@ -54,8 +60,8 @@ struct UsageError {
     QString message;
 };
 
-using Command =
-    std::variant<RunAgent, AskAgent, PrintAgenda, PrintCalendars, PrintText, UsageError>;
+using Command = std::variant<RunAgent, AskAgent, PrintStatus, PrintAgenda, PrintCalendars,
+                             PrintText, UsageError>;
 
 /// Reads the program's arguments, its own name first. Dates without an offset are read in the zone
 /// of `calendar`.

@@ -51,4 +51,15 @@ QString colorText(const Color &color) {
     return QStringLiteral("#%1").arg(value, 6, 16, QLatin1Char('0'));
 }
 
+QString isoText(Instant instant, const LocalCalendar &calendar) {
+    const QDateTime local = calendar.dateTime(instant);
+    const int offset = local.offsetFromUtc();
+    const int minutes = std::abs(offset) / 60;
+    return local.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")) +
+           QStringLiteral("%1%2:%3")
+               .arg(QLatin1Char(offset < 0 ? '-' : '+'))
+               .arg(minutes / 60, 2, 10, QLatin1Char('0'))
+               .arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
 } // namespace vantrel

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <platform/Color.h>
+#include <platform/LocalCalendar.h>
+#include <platform/Time.h>
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -21,5 +23,8 @@ namespace vantrel {
 
 /// `#rrggbb`, without the alpha.
 [[nodiscard]] QString colorText(const Color &color);
+
+/// ISO 8601 with the offset of the calendar's zone at that moment, to the second.
+[[nodiscard]] QString isoText(Instant instant, const LocalCalendar &calendar);
 
 } // namespace vantrel

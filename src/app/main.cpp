@@ -1,4 +1,5 @@
 #include "Agenda.h"
+#include "AgentStatus.h"
 #include "AppCoordinator.h"
 #include "CalendarList.h"
 #include "CommandLine.h"
@@ -33,6 +34,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <cstdio>
 #include <memory>
@@ -134,6 +137,17 @@ std::optional<ExitCode> endOfStart(BusActivation &activation, const RunAgent &co
     Q_UNREACHABLE();
 }
 
+/// What the linux rooms and the environment add to the program's own word.
+AgentStatus statusOf(const AppCoordinator &coordinator, const LocalEventStore &store) {
+    AgentStatus status = coordinator.status();
+    status.version = QCoreApplication::applicationVersion();
+    status.desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    status.session = QGuiApplication::platformName();
+    status.isLoaded = store.isLoaded();
+    status.notes = store.troubles();
+    return status;
+}
+
 int runAgent(int &argc, char **argv, const RunAgent &command) {
     if (!isSessionBusAnswering(patienceWithBus)) {
         fail(failed, QStringLiteral("the session bus does not answer; going on without it"));
@@ -179,6 +193,9 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     coordinator.start();
     activation.follow(
         [&coordinator](ActivationRequest request) { coordinator.takeRequest(request); });
+    activation.answerStatus([&coordinator, &store] {
+        return jsonOutput(statusOf(coordinator, store).object(currentCalendar()));
+    });
     if (command.request)
         queue.async([&] { coordinator.takeRequest(*command.request); });
     const int code = QGuiApplication::exec();
@@ -201,6 +218,19 @@ int askAgent(int &argc, char **argv, const AskAgent &command) {
         return fail(failed, QStringLiteral("it is not running"));
     }
     Q_UNREACHABLE();
+}
+
+int printStatus(int &argc, char **argv, const PrintStatus &command) {
+    const QCoreApplication application(argc, argv);
+    std::optional<QByteArray> answer;
+    if (isSessionBusAnswering(patienceWithBus)) {
+        QtMainQueue queue;
+        answer = BusActivation(queue, command.profile).askStatus();
+    }
+    const QJsonObject status = answer ? QJsonDocument::fromJson(*answer).object()
+                                      : statusOfNone(QCoreApplication::applicationVersion());
+    const int code = show(command.asJson ? jsonOutput(status) : statusText(status));
+    return answer ? code : failed;
 }
 
 /// The first of the paths that is neither a folder nor a calendar file, or cannot be read.
@@ -324,6 +354,8 @@ int main(int argc, char **argv) {
         return show(text->text.toUtf8());
     if (const auto *request = std::get_if<AskAgent>(&command))
         return askAgent(argc, argv, *request);
+    if (const auto *status = std::get_if<PrintStatus>(&command))
+        return printStatus(argc, argv, *status);
     if (const auto *agenda = std::get_if<PrintAgenda>(&command))
         return printAgenda(argc, argv, *agenda);
     if (const auto *calendars = std::get_if<PrintCalendars>(&command))

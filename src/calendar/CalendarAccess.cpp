@@ -29,4 +29,20 @@ void CalendarAccess::requestFullAccess(const std::function<void(Status)> &comple
         });
 }
 
+QString rawValue(CalendarAccess::Status status) {
+    switch (status) {
+    case CalendarAccess::Status::notDetermined:
+        return QStringLiteral("notDetermined");
+    case CalendarAccess::Status::denied:
+        return QStringLiteral("denied");
+    case CalendarAccess::Status::restricted:
+        return QStringLiteral("restricted");
+    case CalendarAccess::Status::writeOnly:
+        return QStringLiteral("writeOnly");
+    case CalendarAccess::Status::fullAccess:
+        return QStringLiteral("fullAccess");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace vantrel

@@ -2,6 +2,8 @@
 
 #include <platform/EventStore.h>
 
+#include <QString>
+
 #include <functional>
 
 namespace vantrel {
@@ -33,5 +35,8 @@ public:
 private:
     EventStore &m_store;
 };
+
+/// "notDetermined", "denied", "restricted", "writeOnly" or "fullAccess".
+[[nodiscard]] QString rawValue(CalendarAccess::Status status);
 
 } // namespace vantrel

@@ -53,6 +53,10 @@ void MenuBarController::stop() {
     m_statusItem.reset();
 }
 
+StatusItemPlace MenuBarController::itemPlace() const {
+    return m_statusItem ? m_statusItem->place() : StatusItemPlace::nowhere;
+}
+
 /// A setting tells of its value before it stores it. Several that change at once make one display.
 void MenuBarController::applyDisplaySoon() {
     m_pendingDisplay = m_queue.after(Seconds::zero(), [this] { applyDisplay(); });

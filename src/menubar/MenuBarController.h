@@ -47,6 +47,8 @@ public:
     /// Reads settings and calendars and shows what they say. Without an item, nothing.
     void applyDisplay();
 
+    [[nodiscard]] StatusItemPlace itemPlace() const;
+
     /// Ends all of it and takes the item away. It does not come back.
     void stop();
 

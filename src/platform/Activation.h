@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -35,6 +36,9 @@ public:
     /// Requests go to `handler` from now on, from the event loop; the ones that came before as
     /// well.
     virtual void follow(std::function<void(ActivationRequest)> handler) = 0;
+
+    /// Who asks how the program is gets what `report` answers: a JSON object in UTF-8.
+    virtual void answerStatus(std::function<QByteArray()> report) = 0;
 };
 
 } // namespace vantrel

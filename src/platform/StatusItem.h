@@ -20,6 +20,13 @@ struct StatusTitle {
     bool operator==(const StatusTitle &) const = default;
 };
 
+/// What shows the item at the moment.
+enum class StatusItemPlace {
+    nowhere, ///< Nothing that would is there.
+    host,    ///< A host of status items on the session bus.
+    tray     ///< The system tray of an X11 desktop.
+};
+
 enum class PointerButton { left, right };
 
 /// One click on the item, as far as the host tells.
@@ -47,6 +54,8 @@ public:
 
     /// Plain text.
     virtual void setToolTip(const QString &text) = 0;
+
+    [[nodiscard]] virtual StatusItemPlace place() const = 0;
 };
 
 /// What a status item tells. Called on the main thread, never from within a call to the item.

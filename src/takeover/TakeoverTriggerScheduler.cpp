@@ -93,6 +93,14 @@ void TakeoverTriggerScheduler::refresh() {
         schedule(event);
 }
 
+std::vector<Instant> TakeoverTriggerScheduler::pendingFires() const {
+    std::vector<Instant> fires;
+    for (const auto &entry : m_pendingFires)
+        fires.push_back(entry.second.at);
+    std::ranges::sort(fires);
+    return fires;
+}
+
 void TakeoverTriggerScheduler::cancelAllPending() {
     m_pendingFires.clear();
 }
@@ -115,7 +123,8 @@ void TakeoverTriggerScheduler::schedule(const UpcomingEvent &event) {
 }
 
 void TakeoverTriggerScheduler::arm(const UpcomingEvent &event, Seconds delay) {
-    m_pendingFires[event.id] = m_queue.after(delay, [this, event] { fire(event); });
+    m_pendingFires[event.id] = {m_queue.now() + delay,
+                                m_queue.after(delay, [this, event] { fire(event); })};
 }
 
 // Firing

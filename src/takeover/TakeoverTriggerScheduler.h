@@ -54,7 +54,15 @@ public:
     /// the rules for any other meeting.
     void refresh();
 
+    /// When the takeovers that are armed fall due, in order.
+    [[nodiscard]] std::vector<Instant> pendingFires() const;
+
 private:
+    struct PendingFire {
+        Instant at;
+        ScheduledWork work;
+    };
+
     void observePreferences();
     void cancelAllPending();
     void pruneOldFiredEvents();
@@ -76,7 +84,7 @@ private:
     TakeoverContextBuilder m_contextBuilder;
 
     /// By event id. An entry goes when its work runs.
-    std::map<QString, ScheduledWork> m_pendingFires;
+    std::map<QString, PendingFire> m_pendingFires;
     /// By event id: the end of the meeting, from its takeover on. An id in here is not armed.
     std::map<QString, Instant> m_firedEvents;
     std::vector<Subscription> m_cancellables;

@@ -384,6 +384,28 @@ TEST_F(AppCoordinatorTest, ShowsTheRecapAndAPreviewWhenAskedFromOutside) {
     EXPECT_EQ(panels.shown().size(), 1U);
 }
 
+TEST_F(AppCoordinatorTest, TellsHowItIs) {
+    addMeeting("Second", at("2026-03-02T12:00:00"));
+    addMeeting("First", at("2026-03-02T10:00:00"));
+    start();
+    statusBar.items.at(0)->place = StatusItemPlace::host;
+    AgentStatus status = coordinator->status();
+    EXPECT_EQ(status.statusItem, StatusItemPlace::host);
+    EXPECT_EQ(status.access, CalendarAccess::Status::fullAccess);
+    EXPECT_EQ(status.calendars, 3);
+    EXPECT_EQ(status.watched, 1);
+    EXPECT_FALSE(status.isPaused);
+    EXPECT_EQ(status.nextFires,
+              (std::vector<Instant>{at("2026-03-02T09:59:00"), at("2026-03-02T11:59:00")}));
+    queue.advance(Seconds{3600.0});
+    EXPECT_EQ(coordinator->status().nextFires, (std::vector<Instant>{at("2026-03-02T11:59:00")}));
+    preferences->setIsPaused(true);
+    queue.runDue();
+    status = coordinator->status();
+    EXPECT_TRUE(status.isPaused);
+    EXPECT_TRUE(status.nextFires.empty());
+}
+
 TEST_F(AppCoordinatorTest, EndsTheProgramWhenAskedFromOutside) {
     start();
     coordinator->takeRequest(ActivationRequest::quit);

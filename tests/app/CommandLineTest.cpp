@@ -48,6 +48,14 @@ TEST(CommandLine, AsksTheRunningAgentByAVerb) {
     }
 }
 
+TEST(CommandLine, PrintsTheStatus) {
+    const Command command = parse({QStringLiteral("status")});
+    ASSERT_TRUE(std::holds_alternative<PrintStatus>(command));
+    EXPECT_FALSE(std::get<PrintStatus>(command).asJson);
+    EXPECT_TRUE(
+        std::get<PrintStatus>(parse({QStringLiteral("status"), QStringLiteral("--json")})).asJson);
+}
+
 TEST(CommandLine, RefusesAVerbThatIsNoneTwoOfThemAndOptionsOfOthers) {
     for (const QStringList &arguments :
          {QStringList{QStringLiteral("popover")}, QStringList{QStringLiteral("toggle-pause")},

@@ -8,6 +8,7 @@ import pathlib
 import signal
 import subprocess
 import sys
+import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "panel"))
@@ -75,6 +76,26 @@ class ActivationTest(unittest.TestCase):
         within(20, self.desktop.panels, "the takeover is shown")
         self.assertEqual(self.start_again("quit"), 0)
         self.assertEqual(self.agent.process.wait(20), 0)
+
+    def status(self):
+        return json.loads(subprocess.run(
+            [*self.agent.command, "status", "--json"], env=self.desktop.environment, timeout=30,
+            check=False, capture_output=True).stdout)
+
+    def test_tells_how_it_is(self):
+        self.agent.write_meeting("soon", time.time() + 3600)
+        within(20, lambda: self.status()["nextFires"], "the takeover is planned")
+        status = self.status()
+        self.assertEqual(status["session"], "xcb")
+        self.assertEqual(status["statusItem"], "host")
+        self.assertEqual([status["calendars"], status["watched"]], [1, 1])
+        self.assertTrue(status["isComplete"])
+        self.assertNotIn("stand-up", json.dumps(status))
+        self.assertEqual(self.start_again("status"), 0)
+        self.assertEqual(self.start_again("quit"), 0)
+        self.assertEqual(self.agent.process.wait(20), 0)
+        self.assertEqual(self.start_again("status"), 1)
+        self.assertFalse(self.status()["isRunning"])
 
     def test_starts_nothing_for_a_verb(self):
         self.assertEqual(self.start_again("quit"), 0)

@@ -26,6 +26,8 @@ public:
         ++m_record->displayCount;
     }
 
+    [[nodiscard]] StatusItemPlace place() const override { return m_record->place; }
+
 private:
     std::shared_ptr<RecordingStatusBar::Record> m_record;
 };

@@ -18,6 +18,7 @@ public:
         std::optional<StatusTitle> title;
         QString toolTip;
         int displayCount = 0; ///< How often the tooltip was set.
+        StatusItemPlace place = StatusItemPlace::nowhere;
         bool exists = true;
     };
 

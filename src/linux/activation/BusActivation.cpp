@@ -62,7 +62,8 @@ QString BusActivation::busName(const std::optional<QString> &profile) {
 BusActivation::BusActivation(MainQueue &queue, const std::optional<QString> &profile)
     : m_queue(queue),
       m_name(busName(profile)),
-      m_object([this](ActivationRequest request) { take(request); }),
+      m_object([this](ActivationRequest request) { take(request); },
+               [this] { return m_report ? m_report() : QByteArray("{}"); }),
       m_bus(queue, QStringLiteral("vantrel-activation"),
             {[this](const QDBusConnection &bus) { enter(bus); }, [this] { m_search.quit(); }}) {}
 
@@ -92,6 +93,17 @@ BusActivation::Asked BusActivation::askRunning(ActivationRequest request) {
     const bool hasNoOwner =
         answer && answer->errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
     return hasNoOwner || isEndOfOwner(answer) ? Asked::isNotRunning : Asked::hasRefused;
+}
+
+std::optional<QByteArray> BusActivation::askStatus() {
+    findBus();
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        m_name, objectPath(m_name), QString::fromLatin1(applicationId), QStringLiteral("Status"));
+    question.setAutoStartService(false);
+    const auto answer = ask(question);
+    if (!answer || answer->type() != QDBusMessage::ReplyMessage)
+        return std::nullopt;
+    return answer->arguments().value(0).toString().toUtf8();
 }
 
 BusActivation::Claim BusActivation::claim(ActivationRequest request) {

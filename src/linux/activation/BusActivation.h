@@ -46,7 +46,11 @@ public:
     /// Like `claim`, but takes no name: nothing runs here.
     [[nodiscard]] Asked askRunning(ActivationRequest request);
 
+    /// The report of the one that runs; empty when none does, or does not answer.
+    [[nodiscard]] std::optional<QByteArray> askStatus();
+
     void follow(std::function<void(ActivationRequest)> handler) override;
+    void answerStatus(std::function<QByteArray()> report) override { m_report = std::move(report); }
 
     /// The name on the bus that a profile's program has.
     [[nodiscard]] static QString busName(const std::optional<QString> &profile);
@@ -67,6 +71,7 @@ private:
     bool m_hasClaimed = false;
     bool m_isEnding = false;
     std::function<void(ActivationRequest)> m_handler;
+    std::function<QByteArray()> m_report;
     std::vector<ActivationRequest> m_waiting;
     std::shared_ptr<char> m_life = std::make_shared<char>();
     SessionBusLink m_bus;

@@ -42,6 +42,12 @@ void DesktopStatusItem::setToolTip(const QString &text) {
     show(std::move(look));
 }
 
+StatusItemPlace DesktopStatusItem::place() const {
+    if (m_isShownByHost)
+        return StatusItemPlace::host;
+    return m_trayIcon && m_trayIcon->isDocked() ? StatusItemPlace::tray : StatusItemPlace::nowhere;
+}
+
 void DesktopStatusItem::show(ItemLook look) {
     if (look == m_look)
         return;
@@ -53,6 +59,7 @@ void DesktopStatusItem::show(ItemLook look) {
 }
 
 void DesktopStatusItem::follow(bool isShownByHost) {
+    m_isShownByHost = isShownByHost;
     const bool hasTray = QGuiApplication::platformName() == u"xcb";
     if (isShownByHost || !hasTray) {
         m_trayIcon.reset();

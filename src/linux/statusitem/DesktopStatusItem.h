@@ -26,6 +26,7 @@ public:
     void setImage(const QString &symbol, const QString &accessibleDescription) override;
     void setTitle(const std::optional<StatusTitle> &title) override;
     void setToolTip(const QString &text) override;
+    [[nodiscard]] StatusItemPlace place() const override;
 
 private:
     [[nodiscard]] StatusNotifier::Listener notifierListener();
@@ -41,6 +42,7 @@ private:
     StatusItemListener m_listener;
     ItemLook m_look;
     SymbolArt m_art;
+    bool m_isShownByHost = false;
     TrayToolTip m_trayToolTip;
     std::unique_ptr<TrayIcon> m_trayIcon; ///< While no host shows the item.
     StatusNotifier m_notifier;

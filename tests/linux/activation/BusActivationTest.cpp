@@ -34,6 +34,13 @@ protected:
         return static_cast<Claim>(exitCodeOfSecond(arguments));
     }
 
+    static QByteArray statusOfFirst() {
+        QProcess second;
+        second.start(QStringLiteral(SECOND_START), {QStringLiteral("--status")});
+        EXPECT_TRUE(waitUntil([&] { return second.state() == QProcess::NotRunning; }));
+        return second.readAllStandardOutput();
+    }
+
     /// What comes of a verb.
     static Asked ask() {
         return static_cast<Asked>(
@@ -91,6 +98,15 @@ TEST_F(BusActivationTest, AsksTheOneThatRunsAndTakesNoName) {
     EXPECT_EQ(ask(), Asked::hasTaken);
     ASSERT_TRUE(waitForRequests(1));
     EXPECT_THAT(requests, ElementsAre(ActivationRequest::pause));
+}
+
+TEST_F(BusActivationTest, HandsOnTheReportOfTheOneThatRuns) {
+    EXPECT_EQ(statusOfFirst(), "none");
+    BusActivation activation(queue, std::nullopt);
+    ASSERT_EQ(activation.claim(ActivationRequest::showPopover), Claim::isFirst);
+    EXPECT_EQ(statusOfFirst(), "{}");
+    activation.answerStatus([] { return QByteArray("{\"version\": \"ä\"}"); });
+    EXPECT_EQ(statusOfFirst(), "{\"version\": \"ä\"}");
 }
 
 TEST_F(BusActivationTest, SaysWhenTheOneThatRunsDoesNotTakeAVerb) {

@@ -1,5 +1,5 @@
 // Claims the name for a request and tells with its exit code what came of it; with --ask asks the
-// one that runs, without a claim.
+// one that runs, without a claim; with --status prints the report of that one.
 // Usage: SecondStart REQUEST [PROFILE], SecondStart --ask REQUEST
 
 #include <linux/activation/BusActivation.h>
@@ -7,10 +7,17 @@
 
 #include <QCoreApplication>
 
+#include <cstdio>
+
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     vantrel::QtMainQueue queue;
+    if (arguments.value(1) == QLatin1String("--status")) {
+        const auto report = vantrel::BusActivation(queue, std::nullopt).askStatus();
+        std::fputs(report.value_or("none").constData(), stdout);
+        return 0;
+    }
     if (arguments.value(1) == QLatin1String("--ask"))
         return static_cast<int>(
             vantrel::BusActivation(queue, std::nullopt)
