@@ -67,6 +67,13 @@ void Tray::take(const xcb_generic_event_t &event) {
             embed(message.data.data32[2]);
         break;
     }
+    case XCB_REPARENT_NOTIFY: {
+        // The server may carry out what the item asks for next ahead of the request to embed it.
+        const auto &change = reinterpret_cast<const xcb_reparent_notify_event_t &>(event);
+        if (change.parent == m_window)
+            m_docked = change.window;
+        break;
+    }
     case XCB_DESTROY_NOTIFY:
         if (reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window == m_docked)
             m_docked.reset();
@@ -84,7 +91,6 @@ void Tray::embed(xcb_window_t window) {
     xcb_configure_window(connection, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                          size.data());
     xcb_map_window(connection, window);
-    m_docked = window;
 }
 
 QImage Tray::picture() const {
