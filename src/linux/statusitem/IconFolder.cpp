@@ -6,6 +6,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPointF>
+#include <QRectF>
+#include <QRegularExpression>
 
 namespace vantrel {
 
@@ -20,19 +23,63 @@ QString runtimeFolder() {
     return runtime.isEmpty() ? QDir::tempPath() : runtime;
 }
 
-/// GTK's hosts paint every path of a symbolic icon in the panel's colour; KDE's those of the class
-/// that stands for it, for which they exchange the style sheet.
-QByteArray tintable(const QByteArray &drawing) {
+/// Where the symbol's own coordinates begin and how far they reach.
+std::optional<QRectF> viewBox(const QByteArray &drawing) {
+    static const QRegularExpression form(
+        QStringLiteral("<svg[^>]*\\sviewBox=\"(\\S+) (\\S+) (\\S+) (\\S+)\""));
+    const auto found = form.match(QString::fromUtf8(drawing));
+    const auto part = [&](int number) { return found.captured(number).toDouble(); };
+    const QRectF box(part(1), part(2), part(3), part(4));
+    return box.isEmpty() ? std::nullopt : std::optional(box);
+}
+
+QByteArray ellipse(QPointF middle, double radius, const QByteArray &color) {
+    const auto number = [](double value) { return QByteArray::number(value); };
+    return "<ellipse cx=\"" + number(middle.x()) + "\" cy=\"" + number(middle.y()) + "\" rx=\"" +
+           number(radius) + "\" ry=\"" + number(radius) + "\" fill=\"" + color + "\"/>";
+}
+
+/// GTK's hosts paint every path, circle and rectangle of a symbolic icon in the panel's colour, so
+/// the dot is an ellipse and what is kept free around it a polygon less an ellipse. What cannot
+/// mask, KDE's, draws the dot over the symbol, and the mask as well but for what is a definition.
+struct DotDrawing {
+    QByteArray mask;
+    QByteArray dot;
+};
+
+DotDrawing dotDrawing(const QRectF &box, const Color &color) {
+    const double radius = 0.2 * box.width();
+    const double gap = box.width() / 16.0;
+    const QPointF middle = box.bottomRight() - QPointF(radius, radius);
+    const auto corner = [](QPointF point) {
+        return QByteArray::number(point.x()) + ',' + QByteArray::number(point.y()) + ' ';
+    };
+    return {"<defs><mask id=\"around-dot\" maskUnits=\"userSpaceOnUse\" x=\"" +
+                QByteArray::number(box.x()) + "\" y=\"" + QByteArray::number(box.y()) +
+                "\" width=\"" + QByteArray::number(box.width()) + "\" height=\"" +
+                QByteArray::number(box.height()) + "\"><polygon fill=\"#fff\" points=\"" +
+                corner(box.topLeft()) + corner(box.topRight()) + corner(box.bottomRight()) +
+                corner(box.bottomLeft()) + "\"/>" + ellipse(middle, radius + gap, "#000") +
+                "</mask></defs>",
+            ellipse(middle, radius, toQColor(color).name().toLatin1())};
+}
+
+/// KDE's hosts paint what has the class that stands for the panel's colour, for which they exchange
+/// the style sheet.
+QByteArray tintable(const QByteArray &drawing, const std::optional<Color> &color) {
     QByteArray text = drawing;
     const auto start = text.indexOf('>', text.indexOf("<svg")) + 1;
     const auto end = text.lastIndexOf("</svg>");
     if (start == 0 || end < start)
         return {};
-    text.insert(end, "</g>");
+    const auto box = viewBox(drawing);
+    const DotDrawing dot = color && box ? dotDrawing(*box, *color) : DotDrawing{};
+    text.insert(end, "</g>" + dot.dot);
     text.insert(start, "<style type=\"text/css\" id=\"current-color-scheme\">"
                        ".ColorScheme-Text{color:" +
-                           unknownPanelTone.name().toLatin1() +
-                           ";}</style><g class=\"ColorScheme-Text\" fill=\"currentColor\">");
+                           unknownPanelTone.name().toLatin1() + ";}</style>" + dot.mask +
+                           "<g class=\"ColorScheme-Text\" fill=\"currentColor\"" +
+                           (dot.mask.isEmpty() ? "" : " mask=\"url(#around-dot)\"") + ">");
     return text;
 }
 
@@ -54,19 +101,13 @@ QString IconFolder::path() const {
     return m_folder.isValid() ? m_folder.path() : QString();
 }
 
-QString IconFolder::symbolName(const QString &symbol) {
+QString IconFolder::iconName(const QString &symbol, const std::optional<Color> &dot) {
     QString name = symbol;
     name.replace(u'.', u'-');
-    return named(QStringLiteral("vantrel-%1-symbolic").arg(name), tintable(m_art.drawing(symbol)));
-}
-
-QString IconFolder::dotName(const Color &dot) {
-    const QString color = toQColor(dot).name();
-    return named(QStringLiteral("vantrel-dot-%1").arg(color.mid(1)),
-                 QStringLiteral("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 16 16\">"
-                                "<circle cx=\"8\" cy=\"8\" r=\"8\" fill=\"%1\"/></svg>")
-                     .arg(color)
-                     .toLatin1());
+    // Whether a name ends so decides whether a host tints.
+    const QString suffix = dot ? u'-' + toQColor(*dot).name().mid(1) + QStringLiteral("-symbolic")
+                               : QStringLiteral("-symbolic");
+    return named(QStringLiteral("vantrel-") + name + suffix, tintable(m_art.drawing(symbol), dot));
 }
 
 QString IconFolder::named(const QString &name, const QByteArray &drawing) const {

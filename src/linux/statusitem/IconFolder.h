@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace vantrel {
 
 /// The item's icons as files, for hosts that take an icon by its name: a folder of their own in the
@@ -21,11 +23,9 @@ public:
     /// Empty where it could not be made.
     [[nodiscard]] QString path() const;
 
-    /// The name of the symbol, of a form that hosts tint.
-    [[nodiscard]] QString symbolName(const QString &symbol);
-
-    /// The name of a dot that fills its picture.
-    [[nodiscard]] QString dotName(const Color &dot);
+    /// The name of the symbol in a form that hosts tint, with a dot at its lower right that keeps
+    /// its colour.
+    [[nodiscard]] QString iconName(const QString &symbol, const std::optional<Color> &dot);
 
 private:
     [[nodiscard]] QString named(const QString &name, const QByteArray &drawing) const;

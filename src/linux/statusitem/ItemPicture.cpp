@@ -40,12 +40,4 @@ QImage itemPicture(const ItemLook &look, int side, const QColor &tone, const Sym
     return picture;
 }
 
-QImage dotPicture(const Color &dot, int side) {
-    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    paintDot(painter, picture.rect(), toQColor(dot));
-    return picture;
-}
-
 } // namespace vantrel

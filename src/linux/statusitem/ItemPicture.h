@@ -18,7 +18,4 @@ inline constexpr QColor unknownPanelTone{0x82, 0x82, 0x82};
 [[nodiscard]] QImage itemPicture(const ItemLook &look, int side, const QColor &tone,
                                  const SymbolArt &art);
 
-/// The dot alone, filling its picture.
-[[nodiscard]] QImage dotPicture(const Color &dot, int side);
-
 } // namespace vantrel

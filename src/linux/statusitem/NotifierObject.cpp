@@ -14,7 +14,6 @@ namespace {
 
 /// Hosts take the next larger one and scale it; these are the heights that panels have.
 constexpr int iconSides[] = {16, 22, 24, 32, 48, 64};
-constexpr int overlaySides[] = {8, 10, 16, 24};
 
 std::optional<Color> dotOf(const ItemLook &look) {
     return look.title ? std::optional(look.title->dot) : std::nullopt;
@@ -32,28 +31,14 @@ NotifierObject::NotifierObject(SymbolArt art, Listener listener)
 
 void NotifierObject::show(const ItemLook &look) {
     const ItemLook before = std::exchange(m_look, look);
-    const bool isOtherDot = dotOf(before) != dotOf(look);
-    const bool isOtherIcon = isOtherDot || before.symbol != look.symbol ||
-                             before.accessibleDescription != look.accessibleDescription;
-    if (isOtherIcon) {
-        m_iconName = m_icons.symbolName(look.symbol);
+    if (before.symbol != look.symbol || dotOf(before) != dotOf(look) ||
+        before.accessibleDescription != look.accessibleDescription) {
+        m_iconName = m_icons.iconName(look.symbol, dotOf(look));
         m_iconPixmaps.clear();
         for (const int side : iconSides)
             m_iconPixmaps.append(IconPixmap::of(itemPicture(look, side, unknownPanelTone, m_art)));
-    }
-    if (isOtherDot) {
-        m_overlayName = look.title ? m_icons.dotName(look.title->dot) : QString();
-        m_overlayPixmaps.clear();
-        if (look.title) {
-            for (const int side : overlaySides)
-                m_overlayPixmaps.append(IconPixmap::of(dotPicture(look.title->dot, side)));
-        }
-    }
-
-    if (isOtherIcon)
         Q_EMIT NewIcon();
-    if (isOtherDot)
-        Q_EMIT NewOverlayIcon();
+    }
     if (nameText(before) != title())
         Q_EMIT NewTitle();
     if (hostToolTip(before) != toolTip())

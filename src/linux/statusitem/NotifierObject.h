@@ -28,8 +28,8 @@ class NotifierObject : public QObject {
     Q_PROPERTY(QString IconName READ iconName NOTIFY NewIcon)
     Q_PROPERTY(QString IconAccessibleDesc READ iconAccessibleDesc NOTIFY NewIcon)
     Q_PROPERTY(vantrel::IconPixmaps IconPixmap READ iconPixmap NOTIFY NewIcon)
-    Q_PROPERTY(QString OverlayIconName READ overlayIconName NOTIFY NewOverlayIcon)
-    Q_PROPERTY(vantrel::IconPixmaps OverlayIconPixmap READ overlayIconPixmap NOTIFY NewOverlayIcon)
+    Q_PROPERTY(QString OverlayIconName READ none CONSTANT)
+    Q_PROPERTY(vantrel::IconPixmaps OverlayIconPixmap READ noPixmaps CONSTANT)
     Q_PROPERTY(QString AttentionIconName READ none CONSTANT)
     Q_PROPERTY(vantrel::IconPixmaps AttentionIconPixmap READ noPixmaps CONSTANT)
     Q_PROPERTY(QString AttentionMovieName READ none CONSTANT)
@@ -64,8 +64,6 @@ public:
     [[nodiscard]] QString iconName() const { return m_iconName; }
     [[nodiscard]] QString iconAccessibleDesc() const { return m_look.accessibleDescription; }
     [[nodiscard]] IconPixmaps iconPixmap() const { return m_iconPixmaps; }
-    [[nodiscard]] QString overlayIconName() const { return m_overlayName; }
-    [[nodiscard]] IconPixmaps overlayIconPixmap() const { return m_overlayPixmaps; }
     [[nodiscard]] QString none() const { return {}; }
     [[nodiscard]] IconPixmaps noPixmaps() const { return {}; }
     [[nodiscard]] HostToolTip toolTip() const;
@@ -81,7 +79,6 @@ public:
 Q_SIGNALS:
     void NewTitle();
     void NewIcon();
-    void NewOverlayIcon();
     void NewToolTip();
     void XAyatanaNewLabel(const QString &label, const QString &guide);
 
@@ -91,9 +88,7 @@ private:
     IconFolder m_icons;
     ItemLook m_look;
     QString m_iconName;
-    QString m_overlayName;
     IconPixmaps m_iconPixmaps;
-    IconPixmaps m_overlayPixmaps;
 };
 
 } // namespace vantrel

@@ -4,10 +4,14 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
 
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 
 namespace vantrel::tests {
 
@@ -22,7 +26,7 @@ QByteArray contentOf(const QString &path) {
 
 TEST(IconFolderTest, HoldsASymbolInAFormThatHostsTint) {
     IconFolder folder(plainArt());
-    const QString name = folder.symbolName(QStringLiteral("pawprint.fill"));
+    const QString name = folder.iconName(QStringLiteral("pawprint.fill"), std::nullopt);
     EXPECT_EQ(name, QStringLiteral("vantrel-pawprint-fill-symbolic"));
     const QByteArray loose = contentOf(folder.path() + u'/' + name + QStringLiteral(".svg"));
     EXPECT_TRUE(loose.contains("<g class=\"ColorScheme-Text\" fill=\"currentColor\"><path"));
@@ -32,18 +36,37 @@ TEST(IconFolderTest, HoldsASymbolInAFormThatHostsTint) {
               loose);
 }
 
-TEST(IconFolderTest, HoldsADotForEachColor) {
+TEST(IconFolderTest, HoldsAnIconForEachColorOfTheDot) {
     IconFolder folder(plainArt());
-    const QString red = folder.dotName({1.0, 0.0, 0.0, 1.0});
-    EXPECT_EQ(red, QStringLiteral("vantrel-dot-ff0000"));
-    EXPECT_NE(folder.dotName({0.0, 0.0, 1.0, 1.0}), red);
-    EXPECT_TRUE(contentOf(folder.path() + u'/' + red + QStringLiteral(".svg"))
-                    .contains("fill=\"#ff0000\""));
+    const QString red = folder.iconName(QStringLiteral("pawprint"), Color{1.0, 0.0, 0.0, 1.0});
+    EXPECT_EQ(red, QStringLiteral("vantrel-pawprint-ff0000-symbolic"));
+    EXPECT_NE(folder.iconName(QStringLiteral("pawprint"), Color{0.0, 0.0, 1.0, 1.0}), red);
+}
+
+TEST(IconFolderTest, LeavesTheDotItsColorWhereAHostTints) {
+    IconFolder folder(plainArt());
+    const QString name = folder.iconName(QStringLiteral("pawprint"), Color{1.0, 0.5, 0.0, 1.0});
+    QByteArray drawing = contentOf(folder.path() + u'/' + name + QStringLiteral(".svg"));
+    // KDE's hosts exchange the colour of the class, which Qt's reader looks up nowhere.
+    EXPECT_TRUE(drawing.contains("<g class=\"ColorScheme-Text\" fill=\"currentColor\""));
+    drawing.replace("currentColor", "#00ff00");
+    QImage picture(20, 20, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    QSvgRenderer(drawing).render(&painter);
+    painter.end();
+    EXPECT_EQ(picture.pixelColor(14, 4), QColor(0x00, 0xff, 0x00));
+    EXPECT_EQ(picture.pixelColor(16, 16), QColor(0xff, 0x80, 0x00));
+    EXPECT_EQ(picture.pixelColor(2, 16).alpha(), 0);
+    // GTK's hosts paint paths, circles and rectangles.
+    const QByteArray dot = drawing.mid(drawing.lastIndexOf("</g>"));
+    EXPECT_TRUE(dot.contains("<ellipse"));
+    EXPECT_FALSE(dot.contains("<path") || dot.contains("<circle") || dot.contains("<rect"));
 }
 
 TEST(IconFolderTest, HasNoNameForASymbolThatIsNotThere) {
     IconFolder folder(plainArt());
-    EXPECT_EQ(folder.symbolName({}), QString());
+    EXPECT_EQ(folder.iconName({}, std::nullopt), QString());
 }
 
 TEST(IconFolderTest, HasNoNamesWhereNothingCanBeWritten) {
@@ -52,8 +75,7 @@ TEST(IconFolderTest, HasNoNamesWhereNothingCanBeWritten) {
     IconFolder folder(plainArt());
     qputenv("XDG_RUNTIME_DIR", runtime);
     EXPECT_EQ(folder.path(), QString());
-    EXPECT_EQ(folder.symbolName(QStringLiteral("pawprint")), QString());
-    EXPECT_EQ(folder.dotName({}), QString());
+    EXPECT_EQ(folder.iconName(QStringLiteral("pawprint"), Color{}), QString());
 }
 
 TEST(IconFolderTest, GoesWithItsOwner) {

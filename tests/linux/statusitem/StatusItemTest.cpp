@@ -115,7 +115,8 @@ TEST_F(StatusItemTest, ShowsTheTitleAsLabelWithADotWhereTheHostHasLabels) {
     const QJsonObject shown =
         panel.awaitItem(text("label"), QStringLiteral("● Stand-up • in 5 min"));
     EXPECT_EQ(shown.value(u"title"), QStringLiteral("Stand-up • in 5 min"));
-    EXPECT_EQ(shown.value(u"overlay"), text("vantrel-dot-ff8000"));
+    EXPECT_EQ(shown.value(u"icon"), text("vantrel-pawprint-fill-ff8000-symbolic"));
+    EXPECT_EQ(shown.value(u"overlay"), QString());
     item->setTitle(std::nullopt);
     panel.awaitItem(text("label"), QString());
 }
@@ -184,9 +185,8 @@ TEST_F(StatusItemTest, TellsOfAChangeOnceAndOfNoneNever) {
     panel.takeSignals();
 
     item->setTitle(titled(text("Stand-up")));
-    EXPECT_THAT(panel.takeSignals(),
-                ElementsAre(text("NewIcon"), text("NewOverlayIcon"), text("NewTitle"),
-                            text("NewToolTip"), text("XAyatanaNewLabel")));
+    EXPECT_THAT(panel.takeSignals(), ElementsAre(text("NewIcon"), text("NewTitle"),
+                                                 text("NewToolTip"), text("XAyatanaNewLabel")));
     item->setTitle(titled(text("Retro")));
     EXPECT_THAT(panel.takeSignals(),
                 ElementsAre(text("NewTitle"), text("NewToolTip"), text("XAyatanaNewLabel")));
