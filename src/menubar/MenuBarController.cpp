@@ -77,7 +77,8 @@ void MenuBarController::applyDisplay() {
     const auto text =
         event ? MenuBarDisplayFormatter::text({*event}, now) : std::optional<QString>();
     if (text) {
-        m_statusItem->setTitle(StatusTitle{event->calendarColor, *text});
+        m_statusItem->setTitle(StatusTitle{event->calendarColor, *text,
+                                           MenuBarDisplayFormatter::widestText(*event, now)});
         m_statusItem->setToolTip(event->title);
     } else {
         m_statusItem->setTitle(std::nullopt);

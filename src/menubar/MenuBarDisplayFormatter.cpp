@@ -29,6 +29,10 @@ QString shortened(const QString &title) {
     return title;
 }
 
+QString joined(const UpcomingEvent &event, const QString &phrase) {
+    return shortened(event.title) + QStringLiteral(u" \u2022 ") + phrase;
+}
+
 } // namespace
 
 std::optional<UpcomingEvent>
@@ -52,7 +56,20 @@ std::optional<QString> MenuBarDisplayFormatter::text(const std::vector<UpcomingE
     const auto event = pickDisplayEvent(events, now, std::nullopt);
     if (!event)
         return std::nullopt;
-    return shortened(event->title) + QStringLiteral(u" \u2022 ") + countdownPhrase(*event, now);
+    return joined(*event, countdownPhrase(*event, now));
+}
+
+QString MenuBarDisplayFormatter::widestText(const UpcomingEvent &event, Instant now) {
+    // All phrases are of a few letters and figures: the longest is the widest.
+    QString widest = QStringLiteral("starting now");
+    for (const Instant moment : {now, event.startDate}) {
+        const QString phrase = countdownPhrase(event, moment);
+        if (phrase.size() > widest.size())
+            widest = phrase;
+    }
+    std::ranges::replace_if(
+        widest, [](QChar letter) { return letter.isDigit(); }, QChar(u'0'));
+    return joined(event, widest);
 }
 
 QString MenuBarDisplayFormatter::countdownPhrase(const UpcomingEvent &event, Instant now) {

@@ -28,6 +28,10 @@ struct MenuBarDisplayFormatter {
     [[nodiscard]] static std::optional<QString> text(const std::vector<UpcomingEvent> &events,
                                                      Instant now);
 
+    /// As wide as the text of the same event can be from `now` until it is over, each figure a
+    /// zero, so that what lies beside it need not move.
+    [[nodiscard]] static QString widestText(const UpcomingEvent &event, Instant now);
+
     /// "in 12 min" or "ends in 12 min", in minutes however many they are. An event that is over
     /// reads "starting now".
     [[nodiscard]] static QString countdownPhrase(const UpcomingEvent &event, Instant now);

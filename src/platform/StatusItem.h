@@ -16,6 +16,8 @@ namespace vantrel {
 struct StatusTitle {
     Color dot;
     QString text; ///< Plain text, never empty.
+    /// As wide as `text` will be while it tells of the same; room for it may be kept. May be empty.
+    QString widest{};
 
     bool operator==(const StatusTitle &) const = default;
 };

@@ -87,7 +87,8 @@ TEST_F(MenuBarControllerTest, ShowsTheNextMeetingWithItsColorAndItsFullTitleAsTo
     EXPECT_EQ(item().image, u"pawprint.fill");
     EXPECT_EQ(item().accessibleDescription, u"Vantrel");
     EXPECT_EQ(item().title, (StatusTitle{Color{0.1, 0.2, 0.3, 1.0},
-                                         QStringLiteral("Weekly planning syn… • in 12 min")}));
+                                         QStringLiteral("Weekly planning syn… • in 12 min"),
+                                         QStringLiteral("Weekly planning syn… • ends in 00 min")}));
     EXPECT_EQ(item().toolTip, u"Weekly planning sync-up");
 }
 

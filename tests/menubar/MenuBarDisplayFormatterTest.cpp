@@ -177,6 +177,23 @@ TEST(MenuBarText, CutsATitleOf21CharactersTo19AndAnEllipsis) {
     EXPECT_EQ(shownTitle(QString()), QString());
 }
 
+TEST(MenuBarText, IsNeverWiderThanItsWidest) {
+    const UpcomingEvent meeting = event(12 * minute, 112 * minute);
+    const QString widest = Formatter::widestText(meeting, now);
+    EXPECT_EQ(widest, QStringLiteral(u"Standup \u2022 ends in 000 min"));
+    for (Instant moment = now; moment < meeting.endDate; moment += Seconds{30.0}) {
+        EXPECT_EQ(Formatter::widestText(meeting, moment), widest);
+        EXPECT_LE(Formatter::text({meeting}, moment)->size(), widest.size());
+    }
+}
+
+TEST(MenuBarText, IsWidestAtTheBeginningWhereItCountsDownFromAfar) {
+    EXPECT_EQ(Formatter::widestText(event(10'000'000 * minute, 10'000'001 * minute), now),
+              QStringLiteral(u"Standup \u2022 in 00000000 min"));
+    EXPECT_EQ(Formatter::widestText(event(5 * minute, 5 * minute), now),
+              QStringLiteral(u"Standup \u2022 starting now"));
+}
+
 TEST(MenuBarText, CountsCharactersAsPeopleDo) {
     const QString family = QStringLiteral(u"👨‍👩‍👧‍👦");
     const QString flag = QStringLiteral(u"🇨🇭");

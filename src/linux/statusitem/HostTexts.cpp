@@ -6,6 +6,14 @@
 
 namespace vantrel {
 
+namespace {
+
+QString label(const QString &text) {
+    return QStringLiteral("● ") + onOneLine(text);
+}
+
+} // namespace
+
 QString onOneLine(const QString &text) {
     QString line = text;
     const auto breaks = [](QChar character) {
@@ -18,7 +26,12 @@ QString onOneLine(const QString &text) {
 }
 
 QString labelText(const ItemLook &look) {
-    return look.title ? QStringLiteral("● ") + onOneLine(look.title->text) : QString();
+    return look.title ? label(look.title->text) : QString();
+}
+
+QString labelGuide(const ItemLook &look) {
+    return look.title && !look.title->widest.isEmpty() ? label(look.title->widest)
+                                                       : labelText(look);
 }
 
 QString nameText(const ItemLook &look) {

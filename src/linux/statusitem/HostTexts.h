@@ -15,6 +15,9 @@ namespace vantrel {
 /// without colours.
 [[nodiscard]] QString labelText(const ItemLook &look);
 
+/// A text as wide as the label will be while it counts down.
+[[nodiscard]] QString labelGuide(const ItemLook &look);
+
 /// What the item is called where there is no room for a label: the title, else the program.
 [[nodiscard]] QString nameText(const ItemLook &look);
 

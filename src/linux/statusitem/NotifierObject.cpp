@@ -43,8 +43,8 @@ void NotifierObject::show(const ItemLook &look) {
         Q_EMIT NewTitle();
     if (hostToolTip(before) != toolTip())
         Q_EMIT NewToolTip();
-    if (labelText(before) != label())
-        Q_EMIT XAyatanaNewLabel(label(), label());
+    if (labelText(before) != label() || labelGuide(before) != guide())
+        Q_EMIT XAyatanaNewLabel(label(), guide());
 }
 
 QString NotifierObject::title() const {
@@ -57,6 +57,10 @@ HostToolTip NotifierObject::toolTip() const {
 
 QString NotifierObject::label() const {
     return labelText(m_look);
+}
+
+QString NotifierObject::guide() const {
+    return labelGuide(m_look);
 }
 
 } // namespace vantrel

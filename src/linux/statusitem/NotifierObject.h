@@ -35,7 +35,7 @@ class NotifierObject : public QObject {
     Q_PROPERTY(QString AttentionMovieName READ none CONSTANT)
     Q_PROPERTY(vantrel::HostToolTip ToolTip READ toolTip NOTIFY NewToolTip)
     Q_PROPERTY(QString XAyatanaLabel READ label NOTIFY XAyatanaNewLabel)
-    Q_PROPERTY(QString XAyatanaLabelGuide READ label NOTIFY XAyatanaNewLabel)
+    Q_PROPERTY(QString XAyatanaLabelGuide READ guide NOTIFY XAyatanaNewLabel)
     Q_PROPERTY(uint XAyatanaOrderingIndex READ orderingIndex CONSTANT)
 
 public:
@@ -68,6 +68,7 @@ public:
     [[nodiscard]] IconPixmaps noPixmaps() const { return {}; }
     [[nodiscard]] HostToolTip toolTip() const;
     [[nodiscard]] QString label() const;
+    [[nodiscard]] QString guide() const;
     [[nodiscard]] uint orderingIndex() const { return 0; }
 
     void Activate(int x, int y) { m_listener.activated({x, y}); }

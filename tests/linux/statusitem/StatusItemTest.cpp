@@ -121,6 +121,25 @@ TEST_F(StatusItemTest, ShowsTheTitleAsLabelWithADotWhereTheHostHasLabels) {
     panel.awaitItem(text("label"), QString());
 }
 
+TEST_F(StatusItemTest, TellsHowWideTheLabelWillBeWithEachChangeOfIt) {
+    Panel panel;
+    makeItem();
+    panel.awaitItem(text("title"), text("Vantrel"));
+    item->setTitle(
+        StatusTitle{orange, text("Stand-up in 10 min"), text("Stand-up ends in 00 min")});
+    const QJsonObject change = panel.await(text("signal"), [](const QJsonObject &signal) {
+        return signal.value(u"name") == text("XAyatanaNewLabel");
+    });
+    EXPECT_EQ(change.value(u"arguments").toArray(),
+              (QJsonArray{QStringLiteral("● Stand-up in 10 min"),
+                          QStringLiteral("● Stand-up ends in 00 min")}));
+    EXPECT_EQ(properties(panel).value(u"XAyatanaLabelGuide"),
+              QStringLiteral("● Stand-up ends in 00 min"));
+    item->setTitle(titled(text("Retro")));
+    panel.awaitItem(text("title"), text("Retro"));
+    EXPECT_EQ(properties(panel).value(u"XAyatanaLabelGuide"), QStringLiteral("● Retro"));
+}
+
 TEST_F(StatusItemTest, TellsAHostWithoutLabelsTheTitleInNameAndToolTip) {
     Panel panel({text("--label"), text("hidden")});
     makeItem();
