@@ -14,11 +14,17 @@ enum class WindowLevel {
     floating ///< Stays above normal windows, where the desktop lets it.
 };
 
+enum class WindowSizing {
+    free,
+    fixed ///< The user cannot change it.
+};
+
 struct WindowDescription {
     QString title; ///< Plain text.
     QSize size; ///< Of the content, in device-independent pixels; less where the screen is small.
     QSize leastSize;
     WindowLevel level = WindowLevel::normal;
+    WindowSizing sizing = WindowSizing::free;
 };
 
 /// An ordinary window with a frame of the desktop's, in the middle of the screen at first. Closing
@@ -30,6 +36,9 @@ public:
 
     /// Brings it to the front, with the keyboard in it.
     virtual void show() = 0;
+
+    /// As if it were closed; also from within its own content.
+    virtual void hide() = 0;
 };
 
 /// Makes the windows of the program. Main thread only.

@@ -15,6 +15,7 @@ public:
         ViewContent content;
         WindowDescription description;
         int showings = 0;
+        bool isShown = false;
     };
 
     std::vector<std::shared_ptr<Record>> windows;
@@ -29,7 +30,11 @@ private:
     class RecordingWindow : public DesktopWindow {
     public:
         explicit RecordingWindow(std::shared_ptr<Record> record) : m_record(std::move(record)) {}
-        void show() override { ++m_record->showings; }
+        void show() override {
+            ++m_record->showings;
+            m_record->isShown = true;
+        }
+        void hide() override { m_record->isShown = false; }
 
     private:
         std::shared_ptr<Record> m_record;

@@ -34,6 +34,11 @@ void QtWindow::show() {
     m_window->requestActivate();
 }
 
+void QtWindow::hide() {
+    if (m_window)
+        m_window->hide();
+}
+
 bool QtWindow::makeWindow() {
     auto window = std::make_unique<QQuickWindow>();
     m_item = m_engine.makeItem(m_content, *window, ItemSize::ofWindow);
@@ -59,6 +64,10 @@ void QtWindow::place() {
     geometry.moveCenter(available.center());
     m_window->setScreen(screen);
     m_window->setMinimumSize(m_description.leastSize.boundedTo(available.size()));
+    if (m_description.sizing == WindowSizing::fixed) {
+        m_window->setMinimumSize(geometry.size());
+        m_window->setMaximumSize(geometry.size());
+    }
     m_window->setGeometry(geometry);
 }
 

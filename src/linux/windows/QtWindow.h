@@ -21,6 +21,7 @@ public:
     ~QtWindow() override;
 
     void show() override;
+    void hide() override;
 
     /// Null until it was shown for the first time.
     [[nodiscard]] QQuickWindow *window() const { return m_window.get(); }

@@ -21,9 +21,10 @@ using Kind = OtherProgram::Kind;
 class WindowTest : public testing::Test {
 protected:
     [[nodiscard]] std::unique_ptr<DesktopWindow> make(WindowLevel level = WindowLevel::normal,
-                                                      const QString &type = u"Page"_qs) {
+                                                      const QString &type = u"Page"_qs,
+                                                      WindowSizing sizing = WindowSizing::free) {
         return windows.makeWindow({u"Windows.Tests"_qs, type, {}},
-                                  {u"A Title"_qs, {320, 240}, {200, 160}, level});
+                                  {u"A Title"_qs, {320, 240}, {200, 160}, level, sizing});
     }
 
     /// Shows it and waits until it can be seen with the keyboard in it.
@@ -77,6 +78,25 @@ TEST_F(WindowTest, ComesBackAsItWasAfterItWasClosed) {
     EXPECT_TRUE(waitUntil([&] { return !shown.isVisible(); }));
     show(*window);
     EXPECT_EQ(page(shown).property("typed"), u"kept"_qs);
+}
+
+TEST_F(WindowTest, ComesBackAsItWasAfterItWasHidden) {
+    const auto window = make();
+    window->hide();
+    QQuickWindow &shown = show(*window);
+    page(shown).setProperty("typed", u"kept"_qs);
+    window->hide();
+    EXPECT_FALSE(shown.isVisible());
+    show(*window);
+    EXPECT_EQ(page(shown).property("typed"), u"kept"_qs);
+}
+
+TEST_F(WindowTest, KeepsASizeThatIsFixed) {
+    const auto window = make(WindowLevel::normal, u"Page"_qs, WindowSizing::fixed);
+    const QQuickWindow &shown = show(*window);
+    EXPECT_EQ(shown.size(), QSize(320, 240));
+    EXPECT_EQ(shown.minimumSize(), QSize(320, 240));
+    EXPECT_EQ(shown.maximumSize(), QSize(320, 240));
 }
 
 TEST_F(WindowTest, ComesToTheFrontWhenItIsShownAgain) {
