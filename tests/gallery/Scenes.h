@@ -32,4 +32,7 @@ struct Scene {
 /// The window about updates, over palettes, installations and sizes.
 [[nodiscard]] std::vector<Scene> updatesScenes();
 
+/// The first run, over palettes, steps and what has been allowed.
+[[nodiscard]] std::vector<Scene> onboardingScenes();
+
 } // namespace vantrel::gallery
