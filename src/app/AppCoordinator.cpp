@@ -35,6 +35,7 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
       m_takeoverTriggerScheduler(calendarAccess.store(), m_query, preferences, m_copyProvider,
                                  m_takeoverWindowController, m_rescueLog, services.queue,
                                  services.currentCalendar, services.workspace),
+      m_endOfPreview(m_takeoverTriggerScheduler.fires.subscribe([this] { endPreview(); })),
       m_calendarChangeMonitor(calendarAccess.store(), quietTimeAfterChanges, services.queue,
                               [this] { handleCalendarStoreChanged(); }),
       m_calendarSnapshot(m_calendarRepository.currentSnapshot()) {}
@@ -215,9 +216,16 @@ void AppCoordinator::previewTakeover(std::optional<Theme> themeOverride) {
     closePopups();
     const Theme theme = themeOverride.value_or(m_preferences.selectedTheme());
     const auto nothing = [] {};
-    m_takeoverWindowController.show(
-        demoTakeover(m_services.queue.now(), m_services.currentCalendar(), m_copyProvider),
-        palette(theme), std::nullopt, nothing, nothing, nothing);
+    m_preview = demoTakeover(m_services.queue.now(), m_services.currentCalendar(), m_copyProvider);
+    m_takeoverWindowController.show(*m_preview, palette(theme), std::nullopt, nothing, nothing,
+                                    nothing);
+}
+
+/// A preview stands until it is answered, and nobody may be there to answer it.
+void AppCoordinator::endPreview() {
+    const auto &shown = m_takeoverWindowController.currentContext();
+    if (shown && shown == m_preview)
+        m_takeoverWindowController.hide();
 }
 
 } // namespace vantrel

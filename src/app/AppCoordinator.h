@@ -128,6 +128,7 @@ private:
     void makePopover();
     void startMenuBar();
     void closePopups();
+    void endPreview();
     void checkForUpdates();
     void handleCalendarStoreChanged();
     void takeAccess(CalendarAccess::Status status);
@@ -146,6 +147,8 @@ private:
     RescueLog m_rescueLog;
     TemplateCopyProvider m_copyProvider;
     TakeoverTriggerScheduler m_takeoverTriggerScheduler;
+    std::optional<TakeoverContext> m_preview; ///< The last one.
+    Subscription m_endOfPreview;              ///< A meeting's own takeover would not come up else.
     CalendarChangeMonitor m_calendarChangeMonitor;
     Published<CalendarRepository::Snapshot> m_calendarSnapshot;
     // From `start` on.

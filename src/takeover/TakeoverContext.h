@@ -76,6 +76,8 @@ struct TakeoverContext {
     MeetingMoment moment;
     std::optional<QString> copyLine; ///< Empty when no line fits the moment.
     PrimaryAction primaryAction = PrimaryAction::acknowledge();
+
+    bool operator==(const TakeoverContext &) const = default;
 };
 
 } // namespace vantrel

@@ -94,11 +94,11 @@ void TakeoverTriggerScheduler::refresh() {
 }
 
 std::vector<Instant> TakeoverTriggerScheduler::pendingFires() const {
-    std::vector<Instant> fires;
+    std::vector<Instant> pending;
     for (const auto &entry : m_pendingFires)
-        fires.push_back(entry.second.at);
-    std::ranges::sort(fires);
-    return fires;
+        pending.push_back(entry.second.at);
+    std::ranges::sort(pending);
+    return pending;
 }
 
 void TakeoverTriggerScheduler::cancelAllPending() {
@@ -143,6 +143,7 @@ void TakeoverTriggerScheduler::fire(const UpcomingEvent &event) {
     if (m_preferences.autoCloseSeconds() >= 1)
         autoCloseAfter = seconds(m_preferences.autoCloseSeconds());
 
+    fires.announce();
     const std::weak_ptr<void> life = m_life;
     m_takeoverController.show(
         context, palette(Theme::hearth), autoCloseAfter,

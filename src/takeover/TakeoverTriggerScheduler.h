@@ -54,6 +54,9 @@ public:
     /// the rules for any other meeting.
     void refresh();
 
+    /// A takeover is about to be handed to the controller, which takes one only while none is up.
+    Announcer<> fires;
+
     /// When the takeovers that are armed fall due, in order.
     [[nodiscard]] std::vector<Instant> pendingFires() const;
 

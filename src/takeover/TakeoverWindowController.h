@@ -54,6 +54,11 @@ public:
     /// A takeover is about to come up: no panel of it is there yet.
     Announcer<> comesUp;
 
+    /// What the takeover that is up shows; empty while none is.
+    [[nodiscard]] const std::optional<TakeoverContext> &currentContext() const {
+        return m_currentContext;
+    }
+
     /// Takes down what is up, in any state, without running a callback, and forgets what waits for
     /// a monitor; harmless otherwise.
     void hide();

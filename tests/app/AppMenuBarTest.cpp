@@ -176,5 +176,26 @@ TEST_F(AppMenuBarTest, LetsAPreviewStandUntilItIsAnswered) {
     EXPECT_EQ(panels.shown().size(), 1U);
 }
 
+TEST_F(AppMenuBarTest, HasAPreviewMakeWayForAMeeting) {
+    addMeeting("Review", at("2026-03-02T09:02:00"));
+    start();
+    coordinator->previewTakeover(std::nullopt);
+    queue.advance(Seconds{60.0});
+    queue.advance(Seconds{1.0});
+    ASSERT_EQ(panels.shown().size(), 1U);
+    panels.press({Key::escape, {}});
+    EXPECT_EQ(counts().dismisses, 1);
+}
+
+TEST_F(AppMenuBarTest, LeavesAMeetingsTakeoverUpForTheNextOne) {
+    addMeeting("Review", at("2026-03-02T09:01:00"));
+    addMeeting("Second", at("2026-03-02T09:02:00"));
+    start();
+    ASSERT_EQ(panels.shown().size(), 1U);
+    coordinator->previewTakeover(std::nullopt);
+    queue.advance(Seconds{61.0});
+    EXPECT_EQ(panels.panels.size(), 1U);
+}
+
 } // namespace
 } // namespace vantrel

@@ -18,6 +18,7 @@ from panel_process import PanelProcess
 
 VANTREL = os.environ["VANTREL"]
 FULL = "vantrel-pawprint-fill-symbolic"
+LINK = "https://meeting.example.com/stand-up"
 OUTLINE = "vantrel-pawprint-symbolic"
 
 
@@ -76,6 +77,17 @@ class ActivationTest(unittest.TestCase):
         within(20, self.desktop.panels, "the takeover is shown")
         self.assertEqual(self.start_again("quit"), 0)
         self.assertEqual(self.agent.process.wait(20), 0)
+
+    def test_a_preview_makes_way_for_a_meeting(self):
+        self.assertEqual(self.start_again("preview"), 0)
+        within(20, self.desktop.panels, "the preview is shown")
+        preview = set(self.desktop.panels())
+        self.agent.write_meeting("soon", time.time() + 66, f"LOCATION:{LINK}")
+        within(30, lambda: self.desktop.panels() and not preview & set(self.desktop.panels()),
+               "the meeting's own takeover is up")
+        self.desktop.answer("space", self.desktop.panels)
+        within(10, self.agent.opened_url, "the link was opened")
+        self.assertEqual(self.agent.counts()["rescuesFromTakeover"], 1)
 
     def status(self):
         return json.loads(subprocess.run(
