@@ -79,7 +79,10 @@ void AppCoordinator::makePopover() {
 
 void AppCoordinator::startMenuBar() {
     MenuBarController::Actions actions;
-    actions.leftClick = [this](const auto &place) { m_upcomingEventsPopover->toggle(place); };
+    actions.leftClick = [this](const auto &place) {
+        m_popupMenu->close();
+        m_upcomingEventsPopover->toggle(place);
+    };
     actions.showMenu = [this](const Menu &menu, const auto &place) {
         closePopups();
         m_popupMenu->show(menu, PopupPlace{place, PopupAlignment::leading});
@@ -115,7 +118,10 @@ void AppCoordinator::takeRequest(ActivationRequest request) {
         m_preferences.setIsPaused(false);
         break;
     case ActivationRequest::showPopover:
-        m_upcomingEventsPopover->show(std::nullopt);
+        m_popupMenu->close();
+        // Where it is open already it hangs from where it was asked for.
+        if (!m_upcomingEventsPopover->isShown())
+            m_upcomingEventsPopover->show(std::nullopt);
         break;
     case ActivationRequest::showPreferences:
         break; // There is no such window.

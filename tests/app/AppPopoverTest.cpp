@@ -273,6 +273,23 @@ TEST_F(AppPopoverTest, ShowsTheItemsMenuOnARightClickAndNoPopover) {
     EXPECT_EQ(terminations, 1);
 }
 
+TEST_F(AppPopoverTest, ClosesTheItemsMenuForThePopover) {
+    start();
+    click({PointerButton::right, false, QRect(100, 0, 24, 24)});
+    click();
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_TRUE(shown("UpcomingEventsView").isShown);
+}
+
+TEST_F(AppPopoverTest, StaysWhereItIsWhenAskedFromOutsideAndClosesItsMenu) {
+    start();
+    click();
+    popoverModel().openMenu({300.0, 40.0});
+    coordinator->takeRequest(ActivationRequest::showPopover);
+    ASSERT_EQ(popups.shown().size(), 1U);
+    EXPECT_EQ(shown("UpcomingEventsView").places.size(), 1U);
+}
+
 TEST_F(AppPopoverTest, ClosesThePopoverForTheItemsMenu) {
     start();
     click();
