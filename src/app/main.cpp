@@ -6,6 +6,7 @@
 #include "Output.h"
 
 #include <linux/activation/BusActivation.h>
+#include <linux/clock/DesktopClock.h>
 #include <linux/consent/ConsentDialog.h>
 #include <linux/eventstore/LocalEventStore.h>
 #include <linux/eventstore/StoreAccess.h>
@@ -167,6 +168,10 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     JsonUserDefaults defaults(settingsFile(command.profile));
     PreferencesStore preferences(defaults);
     const LayerShell layerShell;
+    const DesktopClock clock;
+    const auto usersCalendar = [&clock] {
+        return LocalCalendar(currentTimeZone(), QLocale(), clock.format());
+    };
     ViewEngine views;
     ConsentDialog consent(queue, views, [&preferences] { return chosenPalette(preferences); });
     LocalEventStore store(
@@ -186,7 +191,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                windows, softwareUpdater, loginItem, currentCalendar, &endProgram},
+                                windows, softwareUpdater, loginItem, usersCalendar, &endProgram},
                                rescueLogFile(command.profile));
 
     store.start();

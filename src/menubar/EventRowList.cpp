@@ -40,7 +40,8 @@ EventRowList::EventRowList(LocalCalendar calendar) : m_calendar(std::move(calend
 
 void EventRowList::show(const std::vector<DayGroup> &groups, const LocalCalendar &calendar) {
     std::vector<Row> rows = rowsOf(groups);
-    if (calendar.locale() != m_calendar.locale() || calendar.timeZone() != m_calendar.timeZone()) {
+    if (calendar.locale() != m_calendar.locale() || calendar.clock() != m_calendar.clock() ||
+        calendar.timeZone() != m_calendar.timeZone()) {
         beginResetModel();
         m_calendar = calendar;
         m_rows = std::move(rows);

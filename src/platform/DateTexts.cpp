@@ -5,6 +5,7 @@
 #include <QTimeZone>
 
 #include <unicode/udat.h>
+#include <unicode/udatpg.h>
 
 #include <memory>
 #include <optional>
@@ -27,6 +28,23 @@ QByteArray languageTag(const QLocale &locale) {
     const QByteArray tag =
         locale.language() == QLocale::C ? "en-150" : locale.bcp47Name().toLatin1();
     return tag + "-u-ca-gregory";
+}
+
+/// A time in hours and minutes by a clock that is not the locale's own, in the order and with the
+/// signs that are usual there. Empty when ICU's data are missing or damaged.
+QString patternOf(ClockFormat clock, const QLocale &locale) {
+    const QString fields =
+        clock == ClockFormat::twelveHours ? QStringLiteral("hm") : QStringLiteral("Hm");
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<UDateTimePatternGenerator, decltype(&udatpg_close)> patterns(
+        udatpg_open(icuLocale(languageTag(locale)).constData(), &error), udatpg_close);
+    QString pattern(64, Qt::Uninitialized);
+    const int32_t length = udatpg_getBestPattern(
+        patterns.get(), reinterpret_cast<const UChar *>(fields.utf16()),
+        static_cast<int32_t>(fields.size()), reinterpret_cast<UChar *>(pattern.data()),
+        static_cast<int32_t>(pattern.size()), &error);
+    pattern.truncate(U_FAILURE(error) ? 0 : length);
+    return pattern;
 }
 
 struct Style {
@@ -66,8 +84,8 @@ std::optional<QString> formatted(const QDateTime &dateTime, const QLocale &local
 
 } // namespace
 
-DateTexts::DateTexts(const QLocale &locale)
-    : m_locale(locale == QLocale::system() ? environmentsTimeLocale() : locale) {}
+DateTexts::DateTexts(const QLocale &locale, ClockFormat clock)
+    : m_locale(locale == QLocale::system() ? environmentsTimeLocale() : locale), m_clock(clock) {}
 
 QString DateTexts::weekdayName(const QDateTime &dateTime) const {
     return formatted(dateTime, m_locale, {UDAT_PATTERN, UDAT_PATTERN, QStringLiteral("EEEE")})
@@ -80,7 +98,10 @@ QString DateTexts::mediumDate(const QDateTime &dateTime) const {
 }
 
 QString DateTexts::shortTime(const QDateTime &dateTime) const {
-    return formatted(dateTime, m_locale, {UDAT_SHORT, UDAT_NONE, {}})
+    Style style{UDAT_SHORT, UDAT_NONE, {}};
+    if (m_clock != ClockFormat::ofLocale)
+        style = {UDAT_PATTERN, UDAT_PATTERN, patternOf(m_clock, m_locale)};
+    return formatted(dateTime, m_locale, style)
         .value_or(m_locale.toString(dateTime.time(), QLocale::ShortFormat));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ClockFormat.h"
+
 #include <QDateTime>
 #include <QLocale>
 #include <QString>
@@ -11,7 +13,7 @@ namespace vantrel {
 class DateTexts {
 public:
     /// Of the system's locale, the one that is set for times (`LC_TIME`).
-    explicit DateTexts(const QLocale &locale);
+    explicit DateTexts(const QLocale &locale, ClockFormat clock = ClockFormat::ofLocale);
 
     /// "Wednesday".
     [[nodiscard]] QString weekdayName(const QDateTime &dateTime) const;
@@ -24,6 +26,7 @@ public:
 
 private:
     QLocale m_locale;
+    ClockFormat m_clock;
 };
 
 } // namespace vantrel

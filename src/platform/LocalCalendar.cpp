@@ -17,8 +17,8 @@ Instant fromDateTime(const QDateTime &dateTime) {
 
 } // namespace
 
-LocalCalendar::LocalCalendar(QTimeZone timeZone, QLocale locale)
-    : m_timeZone(std::move(timeZone)), m_locale(std::move(locale)) {}
+LocalCalendar::LocalCalendar(QTimeZone timeZone, QLocale locale, ClockFormat clock)
+    : m_timeZone(std::move(timeZone)), m_locale(std::move(locale)), m_clock(clock) {}
 
 Instant LocalCalendar::startOfDay(Instant instant) const {
     return startOfDay(instant, 0);
@@ -54,7 +54,7 @@ QString LocalCalendar::mediumDate(Instant instant) const {
 }
 
 QString LocalCalendar::shortTime(Instant instant) const {
-    return DateTexts(m_locale).shortTime(dateTime(instant));
+    return DateTexts(m_locale, m_clock).shortTime(dateTime(instant));
 }
 
 QDateTime LocalCalendar::dateTime(Instant instant) const {

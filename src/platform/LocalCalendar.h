@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ClockFormat.h"
 #include "Time.h"
 
 #include <QDateTime>
@@ -15,10 +16,11 @@ namespace vantrel {
 /// A plain value, safe to copy and to use on any thread.
 class LocalCalendar {
 public:
-    LocalCalendar(QTimeZone timeZone, QLocale locale);
+    LocalCalendar(QTimeZone timeZone, QLocale locale, ClockFormat clock = ClockFormat::ofLocale);
 
     [[nodiscard]] const QTimeZone &timeZone() const { return m_timeZone; }
     [[nodiscard]] const QLocale &locale() const { return m_locale; }
+    [[nodiscard]] ClockFormat clock() const { return m_clock; }
 
     /// The first instant of the day that holds `instant`; where the zone skips midnight, the first
     /// instant that exists.
@@ -46,7 +48,7 @@ public:
     /// The date in the locale's medium style, "Mar 4, 2026".
     [[nodiscard]] QString mediumDate(Instant instant) const;
 
-    /// The time in the locale's short style, by a clock of 12 or 24 hours as is usual there.
+    /// The time in the locale's short style, by this calendar's clock.
     [[nodiscard]] QString shortTime(Instant instant) const;
 
     /// The wall-clock reading of `instant` in this zone, to the millisecond, rounded down.
@@ -55,6 +57,7 @@ public:
 private:
     QTimeZone m_timeZone;
     QLocale m_locale;
+    ClockFormat m_clock;
 };
 
 /// Answers the user's calendar as it is set at the moment of the call: zone and locale may change

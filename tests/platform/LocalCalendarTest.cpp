@@ -183,6 +183,18 @@ TEST_F(SystemLocaleTest, WritesTimesInTheLocaleThatIsSetForThem) {
     EXPECT_EQ(time(), u"15:05");
 }
 
+TEST(LocalCalendar, TellsTheTimeByTheClockThatIsChosenWhateverTheLocaleHas) {
+    const auto afternoon = [](const char *locale, ClockFormat clock) {
+        return LocalCalendar(QTimeZone::utc(), QLocale(QString::fromLatin1(locale)), clock)
+            .shortTime(wednesday);
+    };
+    EXPECT_EQ(afternoon("en_US", ClockFormat::twentyFourHours), u"15:05");
+    EXPECT_EQ(afternoon("en_US", ClockFormat::twelveHours),
+              afternoon("en_US", ClockFormat::ofLocale));
+    EXPECT_EQ(afternoon("de_DE", ClockFormat::twelveHours), u"3:05\u202fPM");
+    EXPECT_EQ(afternoon("de_DE", ClockFormat::twentyFourHours), u"15:05");
+}
+
 TEST(LocalCalendar, RoundsAFractionOfAMillisecondDown) {
     const Instant almostNine = at("2026-03-02T09:00:00") - Seconds{0.0005};
     EXPECT_EQ(calendarIn().hour(almostNine), 8);

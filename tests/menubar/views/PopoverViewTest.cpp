@@ -46,6 +46,17 @@ TEST_F(PopoverViewTest, TellsTheTimeByTheUsersClock) {
     EXPECT_TRUE(texts().contains(QStringLiteral("21:30 – 22:00")));
 }
 
+TEST_F(PopoverViewTest, TakesOverAnotherClockAtTheNextMinute) {
+    add(QStringLiteral("Standup"), "2026-03-02T21:30:00");
+    make();
+    EXPECT_FALSE(texts().contains(QStringLiteral("21:30 – 22:00")));
+    popover.calendar = LocalCalendar(popover.calendar.timeZone(), popover.calendar.locale(),
+                                     ClockFormat::twentyFourHours);
+    popover.queue.advance(Seconds{60.0});
+    EXPECT_TRUE(
+        stage().waitFor([this] { return texts().contains(QStringLiteral("21:30 – 22:00")); }));
+}
+
 TEST_F(PopoverViewTest, MarksWhatRepeatsAndOffersToJoinVideoCallsAlone) {
     popover.add(
         {QStringLiteral("Repeats"), fakes::at("2026-03-02T10:00:00"), 30, {}, true, {}, {}});
