@@ -33,15 +33,24 @@ std::optional<QRectF> viewBox(const QByteArray &drawing) {
     return box.isEmpty() ? std::nullopt : std::optional(box);
 }
 
+/// GTK's hosts paint all shapes of a symbolic icon in the panel's colour, by a style sheet that
+/// only a rule for a class is a match for.
+QByteArray filled(const QByteArray &color) {
+    return "fill=\"" + color + "\" class=\"fill-" + color.mid(1) + "\"";
+}
+
+QByteArray rule(const QByteArray &color) {
+    return ".fill-" + color.mid(1) + "{fill:" + color + " !important;}";
+}
+
 QByteArray ellipse(QPointF middle, double radius, const QByteArray &color) {
     const auto number = [](double value) { return QByteArray::number(value); };
     return "<ellipse cx=\"" + number(middle.x()) + "\" cy=\"" + number(middle.y()) + "\" rx=\"" +
-           number(radius) + "\" ry=\"" + number(radius) + "\" fill=\"" + color + "\"/>";
+           number(radius) + "\" ry=\"" + number(radius) + "\" " + filled(color) + "/>";
 }
 
-/// GTK's hosts paint every path, circle and rectangle of a symbolic icon in the panel's colour, so
-/// the dot is an ellipse and what is kept free around it a polygon less an ellipse. What cannot
-/// mask, KDE's, draws the dot over the symbol, and the mask as well but for what is a definition.
+/// What cannot mask, KDE's hosts, draws the dot over the symbol, and the mask as well but for what
+/// is a definition.
 struct DotDrawing {
     QByteArray mask;
     QByteArray dot;
@@ -54,14 +63,16 @@ DotDrawing dotDrawing(const QRectF &box, const Color &color) {
     const auto corner = [](QPointF point) {
         return QByteArray::number(point.x()) + ',' + QByteArray::number(point.y()) + ' ';
     };
-    return {"<defs><mask id=\"around-dot\" maskUnits=\"userSpaceOnUse\" x=\"" +
+    const QByteArray name = toQColor(color).name().toLatin1();
+    return {"<style type=\"text/css\">" + rule("#ffffff") + rule("#000000") + rule(name) +
+                "</style><defs><mask id=\"around-dot\" maskUnits=\"userSpaceOnUse\" x=\"" +
                 QByteArray::number(box.x()) + "\" y=\"" + QByteArray::number(box.y()) +
                 "\" width=\"" + QByteArray::number(box.width()) + "\" height=\"" +
-                QByteArray::number(box.height()) + "\"><polygon fill=\"#fff\" points=\"" +
-                corner(box.topLeft()) + corner(box.topRight()) + corner(box.bottomRight()) +
-                corner(box.bottomLeft()) + "\"/>" + ellipse(middle, radius + gap, "#000") +
-                "</mask></defs>",
-            ellipse(middle, radius, toQColor(color).name().toLatin1())};
+                QByteArray::number(box.height()) + "\"><polygon " + filled("#ffffff") +
+                " points=\"" + corner(box.topLeft()) + corner(box.topRight()) +
+                corner(box.bottomRight()) + corner(box.bottomLeft()) + "\"/>" +
+                ellipse(middle, radius + gap, "#000000") + "</mask></defs>",
+            ellipse(middle, radius, name)};
 }
 
 /// KDE's hosts paint what has the class that stands for the panel's colour, for which they exchange
@@ -92,13 +103,13 @@ bool write(const QString &path, const QByteArray &bytes) {
 
 IconFolder::IconFolder(SymbolArt art)
     : m_art(std::move(art)), m_folder(runtimeFolder(), QStringLiteral("vantrel-icons-")) {
-    if (!m_folder.isValid() || !QDir(m_folder.path()).mkpath(themeFolder))
+    if (!m_folder.isValid())
         qCWarning(iconLog, "The icons cannot be written: %s",
                   qUtf8Printable(m_folder.errorString()));
 }
 
-QString IconFolder::path() const {
-    return m_folder.isValid() ? m_folder.path() : QString();
+QString IconFolder::path(const QString &name) const {
+    return m_folder.isValid() ? m_folder.filePath(name) : QString();
 }
 
 QString IconFolder::iconName(const QString &symbol, const std::optional<Color> &dot) {
@@ -113,9 +124,11 @@ QString IconFolder::iconName(const QString &symbol, const std::optional<Color> &
 QString IconFolder::named(const QString &name, const QByteArray &drawing) const {
     if (!m_folder.isValid() || drawing.isEmpty())
         return {};
-    const QString loose = m_folder.filePath(name + QStringLiteral(".svg"));
-    const QString themed = m_folder.filePath(themeFolder + u'/' + name + QStringLiteral(".svg"));
-    if (QFile::exists(loose) || (write(themed, drawing) && write(loose, drawing)))
+    const QDir folder(path(name));
+    const QString loose = folder.filePath(name + QStringLiteral(".svg"));
+    const QString themed = folder.filePath(themeFolder + u'/' + name + QStringLiteral(".svg"));
+    if (QFile::exists(loose) ||
+        (folder.mkpath(themeFolder) && write(themed, drawing) && write(loose, drawing)))
         return name;
     QFile::remove(loose);
     return {};

@@ -20,8 +20,9 @@ class IconFolder {
 public:
     explicit IconFolder(SymbolArt art);
 
-    /// Empty where it could not be made.
-    [[nodiscard]] QString path() const;
+    /// Where the icon of that name lies; empty where nothing can be written. Each has a folder of
+    /// its own: GTK's hosts do not find what is added to one that they have read within 5 s.
+    [[nodiscard]] QString path(const QString &name) const;
 
     /// The name of the symbol in a form that hosts tint, with a dot at its lower right that keeps
     /// its colour.

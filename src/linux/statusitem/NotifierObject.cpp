@@ -33,10 +33,13 @@ void NotifierObject::show(const ItemLook &look) {
     const ItemLook before = std::exchange(m_look, look);
     if (before.symbol != look.symbol || dotOf(before) != dotOf(look) ||
         before.accessibleDescription != look.accessibleDescription) {
-        m_iconName = m_icons.iconName(look.symbol, dotOf(look));
+        const QString nameBefore =
+            std::exchange(m_iconName, m_icons.iconName(look.symbol, dotOf(look)));
         m_iconPixmaps.clear();
         for (const int side : iconSides)
             m_iconPixmaps.append(IconPixmap::of(itemPicture(look, side, unknownPanelTone, m_art)));
+        if (m_iconName != nameBefore)
+            Q_EMIT NewIconThemePath(iconThemePath());
         Q_EMIT NewIcon();
     }
     if (nameText(before) != title())

@@ -24,7 +24,7 @@ class NotifierObject : public QObject {
     Q_PROPERTY(int WindowId READ windowId CONSTANT)
     Q_PROPERTY(bool ItemIsMenu READ itemIsMenu CONSTANT)
     Q_PROPERTY(QDBusObjectPath Menu READ menu CONSTANT)
-    Q_PROPERTY(QString IconThemePath READ iconThemePath CONSTANT)
+    Q_PROPERTY(QString IconThemePath READ iconThemePath NOTIFY NewIconThemePath)
     Q_PROPERTY(QString IconName READ iconName NOTIFY NewIcon)
     Q_PROPERTY(QString IconAccessibleDesc READ iconAccessibleDesc NOTIFY NewIcon)
     Q_PROPERTY(vantrel::IconPixmaps IconPixmap READ iconPixmap NOTIFY NewIcon)
@@ -60,7 +60,7 @@ public:
     [[nodiscard]] int windowId() const { return 0; }
     [[nodiscard]] bool itemIsMenu() const { return false; }
     [[nodiscard]] QDBusObjectPath menu() const { return QDBusObjectPath(QLatin1String(menuPath)); }
-    [[nodiscard]] QString iconThemePath() const { return m_icons.path(); }
+    [[nodiscard]] QString iconThemePath() const { return m_icons.path(m_iconName); }
     [[nodiscard]] QString iconName() const { return m_iconName; }
     [[nodiscard]] QString iconAccessibleDesc() const { return m_look.accessibleDescription; }
     [[nodiscard]] IconPixmaps iconPixmap() const { return m_iconPixmaps; }
@@ -79,6 +79,7 @@ public:
 
 Q_SIGNALS:
     void NewTitle();
+    void NewIconThemePath(const QString &path);
     void NewIcon();
     void NewToolTip();
     void XAyatanaNewLabel(const QString &label, const QString &guide);

@@ -28,10 +28,10 @@ TEST(IconFolderTest, HoldsASymbolInAFormThatHostsTint) {
     IconFolder folder(plainArt());
     const QString name = folder.iconName(QStringLiteral("pawprint.fill"), std::nullopt);
     EXPECT_EQ(name, QStringLiteral("vantrel-pawprint-fill-symbolic"));
-    const QByteArray loose = contentOf(folder.path() + u'/' + name + QStringLiteral(".svg"));
+    const QByteArray loose = contentOf(folder.path(name) + u'/' + name + QStringLiteral(".svg"));
     EXPECT_TRUE(loose.contains("<g class=\"ColorScheme-Text\" fill=\"currentColor\"><path"));
     EXPECT_TRUE(loose.endsWith("</g></svg>"));
-    EXPECT_EQ(contentOf(folder.path() + QStringLiteral("/hicolor/scalable/status/") + name +
+    EXPECT_EQ(contentOf(folder.path(name) + QStringLiteral("/hicolor/scalable/status/") + name +
                         QStringLiteral(".svg")),
               loose);
 }
@@ -46,7 +46,7 @@ TEST(IconFolderTest, HoldsAnIconForEachColorOfTheDot) {
 TEST(IconFolderTest, LeavesTheDotItsColorWhereAHostTints) {
     IconFolder folder(plainArt());
     const QString name = folder.iconName(QStringLiteral("pawprint"), Color{1.0, 0.5, 0.0, 1.0});
-    QByteArray drawing = contentOf(folder.path() + u'/' + name + QStringLiteral(".svg"));
+    QByteArray drawing = contentOf(folder.path(name) + u'/' + name + QStringLiteral(".svg"));
     // KDE's hosts exchange the colour of the class, which Qt's reader looks up nowhere.
     EXPECT_TRUE(drawing.contains("<g class=\"ColorScheme-Text\" fill=\"currentColor\""));
     drawing.replace("currentColor", "#00ff00");
@@ -58,10 +58,8 @@ TEST(IconFolderTest, LeavesTheDotItsColorWhereAHostTints) {
     EXPECT_EQ(picture.pixelColor(14, 4), QColor(0x00, 0xff, 0x00));
     EXPECT_EQ(picture.pixelColor(16, 16), QColor(0xff, 0x80, 0x00));
     EXPECT_EQ(picture.pixelColor(2, 16).alpha(), 0);
-    // GTK's hosts paint paths, circles and rectangles.
-    const QByteArray dot = drawing.mid(drawing.lastIndexOf("</g>"));
-    EXPECT_TRUE(dot.contains("<ellipse"));
-    EXPECT_FALSE(dot.contains("<path") || dot.contains("<circle") || dot.contains("<rect"));
+    // GTK's hosts have a style sheet of their own.
+    EXPECT_TRUE(drawing.contains(".fill-ff8000{fill:#ff8000 !important;}"));
 }
 
 TEST(IconFolderTest, HasNoNameForASymbolThatIsNotThere) {
@@ -74,13 +72,13 @@ TEST(IconFolderTest, HasNoNamesWhereNothingCanBeWritten) {
     qputenv("XDG_RUNTIME_DIR", "/nonexistent");
     IconFolder folder(plainArt());
     qputenv("XDG_RUNTIME_DIR", runtime);
-    EXPECT_EQ(folder.path(), QString());
+    EXPECT_EQ(folder.path({}), QString());
     EXPECT_EQ(folder.iconName(QStringLiteral("pawprint"), Color{}), QString());
 }
 
 TEST(IconFolderTest, GoesWithItsOwner) {
     auto folder = std::make_unique<IconFolder>(plainArt());
-    const QString path = folder->path();
+    const QString path = folder->path({});
     ASSERT_TRUE(QFileInfo(path).isDir());
     EXPECT_EQ(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::ReadOther),
               QFile::Permissions());

@@ -204,8 +204,9 @@ TEST_F(StatusItemTest, TellsOfAChangeOnceAndOfNoneNever) {
     panel.takeSignals();
 
     item->setTitle(titled(text("Stand-up")));
-    EXPECT_THAT(panel.takeSignals(), ElementsAre(text("NewIcon"), text("NewTitle"),
-                                                 text("NewToolTip"), text("XAyatanaNewLabel")));
+    EXPECT_THAT(panel.takeSignals(),
+                ElementsAre(text("NewIconThemePath"), text("NewIcon"), text("NewTitle"),
+                            text("NewToolTip"), text("XAyatanaNewLabel")));
     item->setTitle(titled(text("Retro")));
     EXPECT_THAT(panel.takeSignals(),
                 ElementsAre(text("NewTitle"), text("NewToolTip"), text("XAyatanaNewLabel")));
@@ -214,7 +215,7 @@ TEST_F(StatusItemTest, TellsOfAChangeOnceAndOfNoneNever) {
     item->setToolTip(text("Vantrel"));
     EXPECT_THAT(panel.takeSignals(), ElementsAre());
     item->setImage(text("pawprint"), text("Vantrel"));
-    EXPECT_THAT(panel.takeSignals(), ElementsAre(text("NewIcon")));
+    EXPECT_THAT(panel.takeSignals(), ElementsAre(text("NewIconThemePath"), text("NewIcon")));
 }
 
 TEST_F(StatusItemTest, HandsOnAnActivationWithItsPlace) {
