@@ -2,7 +2,6 @@
 
 #include "LayerPopup.h"
 
-#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -64,11 +63,9 @@ void LayerScene::raise() {
         });
     }
     endSearchAfter(longestWait);
-    qGuiApp->installEventFilter(this);
 }
 
 void LayerScene::takeDown() {
-    qGuiApp->removeEventFilter(this);
     m_endOfSearch.cancel();
     m_home = nullptr;
     m_click.reset();
@@ -144,15 +141,6 @@ bool LayerScene::isDelivering() const {
     const auto isBusy = [](const PopupCanvas *canvas) { return canvas && canvas->isDelivering(); };
     return std::any_of(m_canvases.begin(), m_canvases.end(), isBusy) ||
            std::any_of(m_departed.begin(), m_departed.end(), isBusy);
-}
-
-/// While a popup has the keyboard no other window can take it over: so a window of this program
-/// that comes up ends it.
-bool LayerScene::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Show && watched->isWindowType() &&
-        std::find(m_canvases.begin(), m_canvases.end(), watched) == m_canvases.end())
-        closeFrom(0);
-    return false;
 }
 
 bool LayerScene::takesPress(QPoint place) {

@@ -22,13 +22,13 @@ class LayerPopup;
 /// as one of them comes under the pointer the compositor says where that is: the click that opened
 /// a popup was there, of which Wayland tells nobody else. The canvas under the pointer gets the
 /// popups and the keyboard; where no pointer shows itself in time, the one of the first output.
-class LayerScene : public QObject {
+class LayerScene {
 public:
     /// Both must outlive the scene.
     LayerScene(MainQueue &queue, const LayerShell &shell);
-    ~LayerScene() override;
-
-    [[nodiscard]] const LayerShell &shell() const { return m_shell; }
+    LayerScene(const LayerScene &) = delete;
+    LayerScene &operator=(const LayerScene &) = delete;
+    ~LayerScene();
 
     /// The popup is shown from here on, on top of all others: it settles as soon as it can.
     void push(LayerPopup &popup);
@@ -47,8 +47,6 @@ public:
 
     /// Whether one of the canvases is in the midst of an event.
     [[nodiscard]] bool isDelivering() const;
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void raise();
