@@ -179,7 +179,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
         std::make_unique<StoreAccess>(AccessRecord::ofUser(command.profile), &consent));
     GioWorkspace workspace;
     QtScreenLayout screenLayout(queue);
-    QtShieldingPanels panels(queue, views);
+    QtShieldingPanels panels(queue, views, layerShell);
     DesktopStatusBar statusBar(queue, symbolArt());
     QtPopups popups(queue, views, layerShell);
     QtWindows windows(views);

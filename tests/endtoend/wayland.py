@@ -20,12 +20,14 @@ PANEL = 30
 
 class WaylandDesktop(Session):
     """`with WaylandDesktop() as desktop:` starts it all. The panel is at the top or the bottom of
-    each output. With a `scale` the outputs keep their pixels and shrink in between."""
+    each output. With a `scale` the outputs keep their pixels and shrink in between. Headless
+    outputs cannot be removed: for that they are windows of another compositor."""
 
-    def __init__(self, panel="top", scale=1):
+    def __init__(self, panel="top", scale=1, outputs="headless"):
         super().__init__()
         self.panel = panel
         self.scale = scale
+        self.backend = outputs
         self.width, self.height = (round(side / scale) for side in SIZE)
 
     def __enter__(self):
@@ -33,7 +35,17 @@ class WaylandDesktop(Session):
         self.folder.chmod(0o711)
         self.environment["QT_QPA_PLATFORM"] = "wayland"
         self.environment.pop("DISPLAY", None)
-        self._start_compositor()
+        if self.backend == "windows":
+            self.outer = self._start_sway("outer", self._arrangement(), WLR_BACKENDS="headless",
+                                          WLR_HEADLESS_OUTPUTS="1")
+            backend = {"WLR_BACKENDS": "wayland", "WLR_WL_OUTPUTS": "2",
+                       "WAYLAND_DISPLAY": self.environment["WAYLAND_DISPLAY"]}
+        else:
+            backend = {"WLR_BACKENDS": "headless", "WLR_HEADLESS_OUTPUTS": "2"}
+        self._start_sway("compositor", self._arrangement() + self._bar(), **backend)
+        within(20, lambda: len(self.outputs()) == 2, "both outputs are there")
+        if self.panel:
+            within(20, self.has_panels, "the panels are up")
         # Keyboards that come and go would take the focus with them.
         self.start("wtype", "-s", "3600000", "-k", "Shift_L")
         within(10, self.has_keyboard, "a keyboard is there")
@@ -45,33 +57,41 @@ class WaylandDesktop(Session):
         self.move_pointer(400, 500)
         return self
 
-    def _start_compositor(self):
-        runtime = self.folder / "compositor"
+    def _arrangement(self):
+        return (f"output {LEFT} resolution 1920x1080 position 0 0 scale {self.scale}\n"
+                f"output {RIGHT} resolution 1920x1080 position {self.width} 0 scale {self.scale}\n"
+                "default_border none\nfocus_follows_mouse no\nxwayland disable\n")
+
+    def _bar(self):
+        return (f"bar {{\n position {self.panel}\n height {PANEL}\n workspace_buttons no\n"
+                " tray_output none\n}\n") if self.panel else ""
+
+    def _start_sway(self, name, configuration, **backend):
+        """Makes it the one that the environment names; answers its control socket."""
+        runtime = self.folder / name
         runtime.mkdir(mode=0o700)
-        bar = (f"bar {{\n position {self.panel}\n height {PANEL}\n workspace_buttons no\n"
-               " tray_output none\n}\n") if self.panel else ""
-        (runtime / "config").write_text(
-            f"output {LEFT} resolution 1920x1080 position 0 0 scale {self.scale}\n"
-            f"output {RIGHT} resolution 1920x1080 position {self.width} 0 scale {self.scale}\n"
-            f"default_border none\nfocus_follows_mouse no\nxwayland disable\n{bar}")
+        (runtime / "config").write_text(configuration)
         environment = {
             "PATH": os.environ["PATH"], "HOME": str(runtime), "XDG_RUNTIME_DIR": str(runtime),
-            "SWAYSOCK": str(runtime / "ipc"), "LC_ALL": "C.UTF-8", "WLR_BACKENDS": "headless",
-            "WLR_RENDERER": "pixman", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_HEADLESS_OUTPUTS": "2",
+            "SWAYSOCK": str(runtime / "ipc"), "LC_ALL": "C.UTF-8", "WLR_RENDERER": "pixman",
+            "WLR_LIBINPUT_NO_DEVICES": "1", **backend,
         }
         command = ["sway", "--config", str(runtime / "config")]
         if os.geteuid() == 0:
             # It refuses to run as root.
-            shutil.chown(runtime, "nobody", "nogroup")
-            shutil.chown(runtime / "config", "nobody", "nogroup")
+            for path in [*self.folder.glob("outer"), runtime, runtime / "config"]:
+                shutil.chown(path, "nobody", "nogroup")
             command = ["setpriv", "--reuid=nobody", "--regid=nogroup", "--clear-groups", *command]
         self.start(*command, env=environment)
+        self.environment["SWAYSOCK"] = environment["SWAYSOCK"]
         sockets = lambda: [path for path in runtime.glob("wayland-*") if path.suffix != ".lock"]
         self.environment["WAYLAND_DISPLAY"] = str(within(20, sockets, "the compositor runs")[0])
-        self.environment["SWAYSOCK"] = str(runtime / "ipc")
-        within(20, lambda: len(self.outputs()) == 2, "both outputs are there")
-        if self.panel:
-            within(20, self.has_panels, "the panels are up")
+        within(20, self.outputs, "it answers")
+        return environment["SWAYSOCK"]
+
+    def remove_output(self, name):
+        """Closes the window that it is."""
+        self.ask("swaymsg", "--socket", self.outer, f'[title=".*{name}"] kill')
 
     def message(self, *command):
         return self.ask("swaymsg", "--", *command)

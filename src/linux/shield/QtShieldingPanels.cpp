@@ -1,10 +1,13 @@
 #include "QtShieldingPanels.h"
 
+#include "LayerPanel.h"
 #include "PanelEvents.h"
 #include "PanelWindow.h"
 #include "QtShieldingPanel.h"
 #include "ScreenId.h"
 #include "X11Shield.h"
+
+#include <linux/layershell/LayerShell.h>
 
 #include <QWindow>
 
@@ -12,8 +15,10 @@
 
 namespace vantrel {
 
-QtShieldingPanels::QtShieldingPanels(MainQueue &queue, ViewEngine &engine, const TypingGuard &guard)
+QtShieldingPanels::QtShieldingPanels(MainQueue &queue, ViewEngine &engine, const LayerShell &shell,
+                                     const TypingGuard &guard)
     : m_engine(engine),
+      m_layerShell(shell),
       m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue, guard) : nullptr) {}
 
 QtShieldingPanels::~QtShieldingPanels() {
@@ -35,6 +40,9 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
     auto *events =
         new PanelEvents(*window, role, KeyPresses(m_shield ? &m_shield->keyboard() : nullptr),
                         [this](const KeyPress &press) { return hear(press); });
+    if (m_layerShell.isOffered())
+        return std::make_unique<LayerPanel>(m_layerShell, std::move(window), *events, *monitor,
+                                            role);
     return std::make_unique<QtShieldingPanel>(std::move(window), *events, *monitor, role,
                                               m_shield.get());
 }

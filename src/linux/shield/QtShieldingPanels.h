@@ -14,15 +14,17 @@ class QWindow;
 
 namespace vantrel {
 
+class LayerShell;
 class ViewEngine;
 class X11Shield;
 
-/// Panels on Qt Quick's windows: on X11 past the window manager, elsewhere an ordinary full-screen
-/// window on each monitor. Nothing heavy is made before the first panel.
+/// Panels on Qt Quick's windows: on X11 past the window manager, on Wayland in the layer shell
+/// where the compositor has one, elsewhere an ordinary full-screen window on each monitor. Nothing
+/// heavy is made before the first panel.
 class QtShieldingPanels : public ShieldingPanels {
 public:
-    /// `queue` and `engine` must outlive the panels.
-    QtShieldingPanels(MainQueue &queue, ViewEngine &engine,
+    /// `queue`, `engine` and `shell` must outlive the panels.
+    QtShieldingPanels(MainQueue &queue, ViewEngine &engine, const LayerShell &shell,
                       const TypingGuard &guard = TypingGuard());
     QtShieldingPanels(const QtShieldingPanels &) = delete;
     QtShieldingPanels &operator=(const QtShieldingPanels &) = delete;
@@ -39,6 +41,7 @@ private:
     [[nodiscard]] bool hear(const KeyPress &press);
 
     ViewEngine &m_engine;
+    const LayerShell &m_layerShell;
     std::unique_ptr<X11Shield> m_shield; ///< Null off X11.
     std::vector<std::weak_ptr<KeyHandler>> m_handlers;
     std::vector<QPointer<QWindow>> m_windows; ///< All that were made; null the ones deleted since.

@@ -22,7 +22,8 @@ protected:
     Desktop desktop{""};
     QtScreenLayout layout{queue};
     ViewEngine views;
-    QtShieldingPanels panels{queue, views, TypingGuard::none()};
+    const LayerShell layerShell;
+    QtShieldingPanels panels{queue, views, layerShell, TypingGuard::none()};
 
     QtMessageHandler m_formerHandler = qInstallMessageHandler(&keepCritical);
 };
@@ -69,7 +70,8 @@ TEST(PanelSizeTest, IsThereBeforeTheContentIsFinishedAndStays) {
     Desktop desktop{""};
     QtScreenLayout layout{queue};
     ViewEngine views;
-    QtShieldingPanels panels{queue, views, TypingGuard::none()};
+    const LayerShell layerShell;
+    QtShieldingPanels panels{queue, views, layerShell, TypingGuard::none()};
     const auto panel =
         panels.makePanel(layout.screens()[0], PanelRole::echo,
                          {u"Shield.Tests"_qs, u"Counting"_qs, {{u"title"_qs, u"x"_qs}}});

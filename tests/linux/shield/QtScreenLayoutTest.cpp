@@ -1,3 +1,4 @@
+#include <linux/layershell/LayerShell.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
@@ -98,7 +99,8 @@ TEST_F(QtScreenLayoutTest, StaysSilentOnceItsSubscriberHasGone) {
 
 TEST_F(QtScreenLayoutTest, HasNoPanelForAMonitorThatHasGone) {
     ViewEngine views;
-    QtShieldingPanels panels(queue, views);
+    const LayerShell layerShell;
+    QtShieldingPanels panels(queue, views, layerShell);
     const Screen right = layout.screens()[1];
     disconnectRightMonitor();
     EXPECT_TRUE(waitUntil([this] { return frames().size() == 1; }));

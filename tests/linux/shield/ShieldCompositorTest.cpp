@@ -50,7 +50,8 @@ protected:
     QtMainQueue queue;
     QtScreenLayout layout{queue};
     ViewEngine views;
-    QtShieldingPanels panels{queue, views, TypingGuard::none()};
+    const LayerShell layerShell;
+    QtShieldingPanels panels{queue, views, layerShell, TypingGuard::none()};
     std::unique_ptr<ShieldingPanel> panel;
 };
 

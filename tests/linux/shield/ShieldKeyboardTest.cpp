@@ -253,7 +253,8 @@ TEST_P(CharactersTest, AreThoseOfTheKeyAloneAndOfShift) {
     QtMainQueue queue;
     QtScreenLayout layout{queue};
     ViewEngine views;
-    QtShieldingPanels panels{queue, views, TypingGuard::none()};
+    const LayerShell layerShell;
+    QtShieldingPanels panels{queue, views, layerShell, TypingGuard::none()};
     const auto panel =
         panels.makePanel(layout.screens()[0], PanelRole::interactive,
                          {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}}});

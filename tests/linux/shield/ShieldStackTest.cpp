@@ -1,6 +1,7 @@
 #include "ShieldingPanelsTest.h"
 
 #include <fakes/ManualMainQueue.h>
+#include <linux/layershell/LayerShell.h>
 #include <linux/shield/X11Stack.h>
 
 #include <QAbstractNativeEventFilter>
@@ -223,7 +224,8 @@ protected:
     QtMainQueue clock;
     QtScreenLayout layout{clock};
     ViewEngine views;
-    QtShieldingPanels panels{queue, views, TypingGuard::none()};
+    const LayerShell layerShell;
+    QtShieldingPanels panels{queue, views, layerShell, TypingGuard::none()};
     std::unique_ptr<ShieldingPanel> panel = panels.makePanel(
         layout.screens()[0], PanelRole::echo,
         {u"Shield.Tests"_qs, u"Plain"_qs, {{u"title"_qs, u"x"_qs}, {u"color"_qs, echoColor}}});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fakes/ManualMainQueue.h>
+#include <linux/layershell/LayerShell.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/shield/QtScreenLayout.h>
 #include <linux/shield/QtShieldingPanels.h>
@@ -26,12 +27,13 @@ protected:
     ShieldingPanelsTest() : ShieldingPanelsTest(realQueue) {}
     explicit ShieldingPanelsTest(MainQueue &queueOfPanels,
                                  const TypingGuard &guard = TypingGuard::none())
-        : panels(queueOfPanels, views, guard) {}
+        : panels(queueOfPanels, views, layerShell, guard) {}
 
     QtMainQueue realQueue;
     fakes::ManualMainQueue manualQueue{Instant{}};
     Desktop desktop{GetParam()};
     QtScreenLayout layout{realQueue};
+    LayerShell layerShell;
     ViewEngine views;
     QtShieldingPanels panels;
     std::vector<KeyPress> presses;
