@@ -47,6 +47,7 @@ QJsonObject AgentStatus::object(const LocalCalendar &calendar) const {
             {QStringLiteral("version"), version},
             {QStringLiteral("desktop"), desktop},
             {QStringLiteral("session"), session},
+            {QStringLiteral("shield"), shield},
             {QStringLiteral("statusItem"), nameOf(statusItem)},
             {QStringLiteral("isPaused"), isPaused},
             {QStringLiteral("accessStatus"), rawValue(access)},
@@ -67,6 +68,7 @@ QByteArray statusText(const QJsonObject &status) {
         lineOf(status, QStringLiteral("Version"), QStringLiteral("version")) +
         lineOf(status, QStringLiteral("Desktop"), QStringLiteral("desktop")) +
         lineOf(status, QStringLiteral("Session"), QStringLiteral("session")) +
+        lineOf(status, QStringLiteral("Shield"), QStringLiteral("shield")) +
         lineOf(status, QStringLiteral("Status item"), QStringLiteral("statusItem")) +
         lineOf(status, QStringLiteral("Paused"), QStringLiteral("isPaused")) +
         lineOf(status, QStringLiteral("Calendar access"), QStringLiteral("accessStatus")) +

@@ -20,6 +20,7 @@ struct AgentStatus {
     QString version;
     QString desktop; ///< As `XDG_CURRENT_DESKTOP` names it; empty where it does not.
     QString session; ///< "xcb", "wayland": the way of drawing that Qt was started with.
+    QString shield;  ///< What covers the screens: "x11", "layer-shell", "full-screen".
     StatusItemPlace statusItem = StatusItemPlace::nowhere;
     bool isPaused = false;
     CalendarAccess::Status access = CalendarAccess::Status::notDetermined;

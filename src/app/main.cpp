@@ -139,11 +139,13 @@ std::optional<ExitCode> endOfStart(BusActivation &activation, const RunAgent &co
 }
 
 /// What the linux rooms and the environment add to the program's own word.
-AgentStatus statusOf(const AppCoordinator &coordinator, const LocalEventStore &store) {
+AgentStatus statusOf(const AppCoordinator &coordinator, const LocalEventStore &store,
+                     const QtShieldingPanels &panels) {
     AgentStatus status = coordinator.status();
     status.version = QCoreApplication::applicationVersion();
     status.desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
     status.session = QGuiApplication::platformName();
+    status.shield = panels.way();
     status.isLoaded = store.isLoaded();
     status.notes = store.troubles();
     return status;
@@ -198,8 +200,8 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     coordinator.start();
     activation.follow(
         [&coordinator](ActivationRequest request) { coordinator.takeRequest(request); });
-    activation.answerStatus([&coordinator, &store] {
-        return jsonOutput(statusOf(coordinator, store).object(currentCalendar()));
+    activation.answerStatus([&coordinator, &store, &panels] {
+        return jsonOutput(statusOf(coordinator, store, panels).object(currentCalendar()));
     });
     if (command.request)
         queue.async([&] { coordinator.takeRequest(*command.request); });

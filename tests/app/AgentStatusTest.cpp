@@ -16,6 +16,7 @@ AgentStatus sample() {
     status.version = QStringLiteral("9.8");
     status.desktop = QStringLiteral("XFCE");
     status.session = QStringLiteral("xcb");
+    status.shield = QStringLiteral("x11");
     status.statusItem = StatusItemPlace::tray;
     status.access = CalendarAccess::Status::fullAccess;
     status.calendars = 3;
@@ -31,7 +32,7 @@ TEST(AgentStatus, GivesEveryMemberToPrograms) {
     EXPECT_EQ(QJsonDocument(object).toJson(QJsonDocument::Compact),
               QJsonDocument::fromJson(
                   R"({"isRunning": true, "version": "9.8", "desktop": "XFCE", "session": "xcb",
-                      "statusItem": "tray", "isPaused": false, "accessStatus": "fullAccess",
+                      "shield": "x11", "statusItem": "tray", "isPaused": false, "accessStatus": "fullAccess",
                       "calendars": 3, "watched": 2, "isComplete": true,
                       "notes": ["One calendar\u001b[2J is away."],
                       "nextFires": ["2026-03-02T10:59:00+01:00", "2026-03-02T14:29:00+01:00"]})")
@@ -55,6 +56,7 @@ TEST(AgentStatus, PrintsALineForEachAndDrivesNoTerminal) {
               "Version:             9.8\n"
               "Desktop:             XFCE\n"
               "Session:             xcb\n"
+              "Shield:              x11\n"
               "Status item:         tray\n"
               "Paused:              no\n"
               "Calendar access:     fullAccess\n"

@@ -99,6 +99,7 @@ class ActivationTest(unittest.TestCase):
         within(20, lambda: self.status()["nextFires"], "the takeover is planned")
         status = self.status()
         self.assertEqual(status["session"], "xcb")
+        self.assertEqual(status["shield"], "x11")
         self.assertEqual(status["statusItem"], "host")
         self.assertEqual([status["calendars"], status["watched"]], [1, 1])
         self.assertTrue(status["isComplete"])

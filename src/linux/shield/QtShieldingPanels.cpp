@@ -47,6 +47,12 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
                                               m_shield.get());
 }
 
+QString QtShieldingPanels::way() const {
+    if (m_layerShell.isOffered())
+        return QStringLiteral("layer-shell");
+    return m_shield ? QStringLiteral("x11") : QStringLiteral("full-screen");
+}
+
 Subscription QtShieldingPanels::monitorKeyDown(KeyHandler handler) {
     auto held = std::make_shared<KeyHandler>(std::move(handler));
     std::erase_if(m_handlers, [](const auto &weak) { return weak.expired(); });

@@ -6,6 +6,7 @@
 #include <platform/ShieldingPanels.h>
 
 #include <QPointer>
+#include <QString>
 
 #include <memory>
 #include <vector>
@@ -34,6 +35,9 @@ public:
 
     [[nodiscard]] std::unique_ptr<ShieldingPanel> makePanel(const Screen &screen, PanelRole role,
                                                             const ViewContent &content) override;
+
+    /// The way in which panels cover the screens, for people: "x11", "layer-shell", "full-screen".
+    [[nodiscard]] QString way() const;
 
     [[nodiscard]] Subscription monitorKeyDown(KeyHandler handler) override;
 
