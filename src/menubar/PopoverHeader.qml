@@ -123,21 +123,25 @@ Item {
 
     Shortcut {
         sequence: "Alt+T"
+        autoRepeat: false
         onActivated: root.viewModel.mode = PopoverModel.Today
     }
 
     Shortcut {
         sequence: "Alt+A"
+        autoRepeat: false
         onActivated: root.viewModel.mode = PopoverModel.All
     }
 
     Shortcut {
         sequence: "Alt+P"
+        autoRepeat: false
         onActivated: root.viewModel.togglePaused()
     }
 
     Shortcut {
         sequence: "Alt+M"
+        autoRepeat: false
         onActivated: root.openMenu(more.middle)
     }
 

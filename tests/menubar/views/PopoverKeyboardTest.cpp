@@ -158,6 +158,16 @@ TEST_F(PopoverKeyboardTest, HasMnemonics) {
     EXPECT_EQ(popover.menus.size(), 1u);
 }
 
+TEST_F(PopoverKeyboardTest, AMnemonicThatIsHeldActsOnce) {
+    for (const Qt::Key key : {Qt::Key_P, Qt::Key_M}) {
+        press(key, Qt::AltModifier);
+        for (int repetition = 0; repetition < 3; ++repetition)
+            QTest::simulateEvent(&stage().window(), true, key, Qt::AltModifier, QString(), true);
+    }
+    EXPECT_TRUE(popover.preferences.isPaused());
+    EXPECT_EQ(popover.menus.size(), 1u);
+}
+
 TEST_F(PopoverKeyboardTest, WorksWithoutAnyMeeting) {
     popover.store.storedEvents.clear();
     make(EventListMode::today);
