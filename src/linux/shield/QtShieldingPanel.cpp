@@ -66,12 +66,12 @@ void QtShieldingPanel::orderFront() {
     m_shield->raise(*m_window, m_role);
 }
 
+/// Elsewhere Qt cannot, and a compositor may draw a full-screen window that is see-through black.
 void QtShieldingPanel::setOpacity(double opacity) {
-    if (!m_window)
+    if (!m_window || !m_shield)
         return;
     m_window->setOpacity(opacity);
-    if (m_shield)
-        m_shield->flush();
+    m_shield->flush();
 }
 
 void QtShieldingPanel::orderOut() {
