@@ -76,7 +76,8 @@ class WaylandDesktop(Session):
             "SWAYSOCK": str(runtime / "ipc"), "LC_ALL": "C.UTF-8", "WLR_RENDERER": "pixman",
             "WLR_LIBINPUT_NO_DEVICES": "1", **backend,
         }
-        command = ["sway", "--config", str(runtime / "config")]
+        # What a full-screen window shows by itself, without being painted, is in no picture.
+        command = ["sway", "-Dnoscanout", "--config", str(runtime / "config")]
         if os.geteuid() == 0:
             # It refuses to run as root.
             for path in [*self.folder.glob("outer"), runtime, runtime / "config"]:

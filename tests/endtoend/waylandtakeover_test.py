@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The takeover on a Wayland desktop whose compositor has a layer shell."""
+"""The takeover on a Wayland desktop, with the compositor's layer shell and without."""
 
 import math
 import os
@@ -20,9 +20,12 @@ LINK = "https://meeting.example.com/stand-up?room=12&pass=a%20b#top"
 LEAD = 3
 
 
-class LayerTakeoverTest(unittest.TestCase):
+class TakeoverCases:
+    layer_shell = "on"
+
     def start(self, **options):
         self.desktop = self.enterContext(WaylandDesktop(**options))
+        self.desktop.environment["VANTREL_LAYER_SHELL"] = self.layer_shell
         self.agent = Agent(self.desktop, VANTREL, leadTimeSeconds=LEAD)
 
     def write_meeting_soon(self, *lines, seconds=4.0):
@@ -63,7 +66,7 @@ class LayerTakeoverTest(unittest.TestCase):
         self.start()
         self.show_takeover(f"DESCRIPTION:Join: {LINK} and more")
         self.assertFalse(self.is_interactive(RIGHT))
-        self.desktop.keep_picture("takeover")
+        self.desktop.keep_picture(f"takeover-layer-shell-{self.layer_shell}")
         self.desktop.press("space")
         within(5, self.agent.opened_url, "the link was opened")
         self.assertEqual(self.agent.opened_url(), LINK + "\n")
@@ -80,16 +83,6 @@ class LayerTakeoverTest(unittest.TestCase):
         self.assertEqual(self.agent.counts()["dismisses"], 1)
         self.assertIsNone(self.agent.opened_url())
         within(5, lambda: "before" in self.desktop.windows()[1], "the keyboard is back")
-
-    def test_stays_above_a_program_that_goes_full_screen_later(self):
-        self.start()
-        self.show_takeover(f"URL:{LINK}")
-        self.full_screen("later")
-        self.assertTrue(self.is_covered(LEFT))
-        self.assertTrue(self.is_covered(RIGHT))
-        self.desktop.press("Return")
-        within(5, self.agent.opened_url, "the keyboard is the takeover's")
-        self.wait_for_end()
 
     def test_s_snoozes_it(self):
         self.start()
@@ -136,7 +129,7 @@ class LayerTakeoverTest(unittest.TestCase):
             with self.subTest(scale=scale):
                 self.start(scale=scale)
                 self.show_takeover()
-                self.desktop.keep_picture(f"takeover-scale-{scale}")
+                self.desktop.keep_picture(f"takeover-scale-{scale}-layer-shell-{self.layer_shell}")
                 self.agent.process.terminate()
                 self.agent.process.wait(20)
                 self.doCleanups()
@@ -156,6 +149,22 @@ class LayerTakeoverTest(unittest.TestCase):
             self.desktop.press("space")
             within(5, self.agent.opened_url, "the link was opened")
             self.wait_for_end()
+
+
+class WaylandTakeoverTest(TakeoverCases, unittest.TestCase):
+    def test_stays_above_a_program_that_goes_full_screen_later(self):
+        self.start()
+        self.show_takeover(f"URL:{LINK}")
+        self.full_screen("later")
+        self.assertTrue(self.is_covered(LEFT))
+        self.assertTrue(self.is_covered(RIGHT))
+        self.desktop.press("Return")
+        within(5, self.agent.opened_url, "the keyboard is the takeover's")
+        self.wait_for_end()
+
+
+class WaylandTakeoverWithoutLayerShellTest(TakeoverCases, unittest.TestCase):
+    layer_shell = "off"
 
 
 if __name__ == "__main__":
