@@ -58,6 +58,10 @@ void ConsentQuestion::show() {
         return m_viewModel.putAside();
     }
     m_window->setFlag(Qt::Dialog);
+    // One that stays above others would cover its own question. A popup goes away by itself.
+    QWindow *asking = QGuiApplication::focusWindow();
+    if (asking && asking->type() == Qt::Window)
+        m_window->setTransientParent(asking);
     m_window->setTitle(QStringLiteral("Vantrel"));
     place();
     const auto resize = [this] { m_view->setSize(m_window->contentItem()->size()); };
