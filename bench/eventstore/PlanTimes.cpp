@@ -5,6 +5,7 @@
 
 #include <app/AppCoordinator.h>
 #include <fakes/FakeLoginItem.h>
+#include <fakes/FakeNotificationPermission.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/RecordingPanels.h>
@@ -60,10 +61,11 @@ void measurePlans(const StoreConfiguration &configuration, const QStringList &wr
     fakes::RecordingWindows windows;
     fakes::RecordingUpdater updater;
     fakes::FakeLoginItem loginItem;
+    fakes::FakeNotificationPermission notifications;
     AppCoordinator coordinator(preferences, access,
                                AppServices{queue, defaults, workspace, screens, panels, statusBar,
-                                           popups, windows, updater, loginItem, sampleCalendar,
-                                           [] {}},
+                                           popups, windows, updater, loginItem, notifications,
+                                           sampleCalendar, [] {}},
                                folder.filePath(QStringLiteral("rescues.json")));
     store->start();
     coordinator.start();

@@ -4,6 +4,7 @@ a folder: first list, change to plan, memory, beside plain programs on the same 
 Usage: bench/eventstore/evolution_bench.py BUILD [agent]
 With "agent" the memory of the program alone."""
 
+import json
 import os
 import pathlib
 import re
@@ -13,7 +14,7 @@ import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "endtoend"))
-from desktop import Desktop, Session, within  # noqa: E402
+from desktop import FIRST_RUN_IS_OVER, Desktop, Session, within  # noqa: E402
 
 COUNT = 10_000
 ROUNDS = 3
@@ -72,7 +73,8 @@ class Bench:
             own = session.folder / "config" / "Vantrel"
             own.mkdir(parents=True)
             (own / "access.json").write_text('{"calendarAccess": "granted"}')
-            (own / "settings.json").write_text('{"Vantrel.isPaused": true}')
+            (own / "settings.json").write_text(json.dumps(
+                {"Vantrel.isPaused": True, FIRST_RUN_IS_OVER: True}))
             now = int(time.time())
             if has_accounts:
                 self.write_account(session, now)

@@ -54,8 +54,10 @@ void AppCoordinator::start() {
     m_takeoverTriggerScheduler.start();
     if (calendarAccessStatus() == CalendarAccess::Status::fullAccess)
         m_calendarSelection.chooseDefault();
-    // Without an answer the program has nothing to do, and no window asks for one before this.
-    if (calendarAccessStatus() == CalendarAccess::Status::notDetermined)
+    if (!m_services.defaults.boolean(QString::fromLatin1(completedFirstRunKey)))
+        openOnboarding();
+    // Without an answer the program has nothing to do. The first run asks by itself.
+    else if (calendarAccessStatus() == CalendarAccess::Status::notDetermined)
         requestCalendarAccess();
 }
 
@@ -202,6 +204,18 @@ void AppCoordinator::handleJoin(const UpcomingEvent &event) {
         return;
     m_rescueLog.recordRescue(RescueSource::popover);
     closePopups();
+}
+
+void AppCoordinator::openOnboarding() {
+    closePopups();
+    if (!m_onboardingWindowController)
+        m_onboardingWindowController = std::make_unique<OnboardingWindowController>(
+            std::make_unique<OnboardingState>(
+                m_preferences, m_calendarAccess, m_launchAtLoginManager,
+                m_services.notificationPermission, [this] { previewTakeover(std::nullopt); }),
+            m_services.defaults, m_services.windows, m_services.queue);
+    m_onboardingWindowController->state().advanceToFirstIncompleteStep();
+    m_onboardingWindowController->show();
 }
 
 void AppCoordinator::openRecap() {

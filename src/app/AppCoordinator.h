@@ -13,10 +13,12 @@
 #include <menubar/PopupMenu.h>
 #include <menubar/UpcomingEventsPopover.h>
 #include <menubar/UpcomingEventsViewModel.h>
+#include <onboarding/OnboardingWindowController.h>
 #include <platform/Activation.h>
 #include <platform/LocalCalendar.h>
 #include <platform/LoginItem.h>
 #include <platform/MainQueue.h>
+#include <platform/NotificationPermission.h>
 #include <platform/Popups.h>
 #include <platform/Published.h>
 #include <platform/ScreenLayout.h>
@@ -54,6 +56,7 @@ struct AppServices {
     Windows &windows;
     SoftwareUpdater &softwareUpdater;
     LoginItem &loginItem;
+    NotificationPermission &notificationPermission;
     CurrentCalendar currentCalendar;
     std::function<void()> terminate; ///< Ends the program. It may return before that.
 };
@@ -84,6 +87,9 @@ public:
     /// Closes the popover and shows what a takeover looks like, in the selected theme or in another
     /// one. Nothing comes of the answer. While a takeover is up none is shown.
     void previewTakeover(std::optional<Theme> themeOverride);
+
+    /// Closes the popover and shows the first run, at its first step that is not complete.
+    void openOnboarding();
 
     /// Closes the popover and shows how often the user was fetched this week, up to now.
     void openRecap();
@@ -156,6 +162,8 @@ private:
     std::unique_ptr<PopoverModel> m_popoverModel;
     std::unique_ptr<UpcomingEventsPopover> m_upcomingEventsPopover;
     std::unique_ptr<MenuBarController> m_menuBar;
+    std::unique_ptr<OnboardingWindowController>
+        m_onboardingWindowController;                               ///< From its first use on.
     std::unique_ptr<RecapWindowController> m_recapWindowController; ///< From its first use on.
     std::shared_ptr<char> m_life = std::make_shared<char>(); ///< An answer may come after the end.
 };

@@ -14,6 +14,7 @@
 #include <linux/layershell/LayerShell.h>
 #include <linux/loginitem/AutostartLoginItem.h>
 #include <linux/mainqueue/QtMainQueue.h>
+#include <linux/notifications/NotificationService.h>
 #include <linux/popup/QtPopups.h>
 #include <linux/sessionbus/SessionBusProbe.h>
 #include <linux/shield/QtScreenLayout.h>
@@ -190,10 +191,12 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
         QCoreApplication::applicationFilePath(), QCoreApplication::applicationVersion());
     AutostartLoginItem loginItem(BusActivation::busName(command.profile),
                                  commandOfLogin(command.profile));
+    NotificationService notificationPermission(queue);
     CalendarAccess calendarAccess(store);
     AppCoordinator coordinator(preferences, calendarAccess,
                                {queue, defaults, workspace, screenLayout, panels, statusBar, popups,
-                                windows, softwareUpdater, loginItem, usersCalendar, &endProgram},
+                                windows, softwareUpdater, loginItem, notificationPermission,
+                                usersCalendar, &endProgram},
                                rescueLogFile(command.profile));
 
     store.start();

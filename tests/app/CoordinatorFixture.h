@@ -3,6 +3,7 @@
 #include <app/AppCoordinator.h>
 #include <fakes/FakeEventStore.h>
 #include <fakes/FakeLoginItem.h>
+#include <fakes/FakeNotificationPermission.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
@@ -24,10 +25,11 @@
 namespace vantrel {
 
 /// The coordinator on a desktop of fakes, on a Monday at nine, with three calendars of which just
-/// "work" is an ordinary one.
+/// "work" is an ordinary one. The first run is over.
 class CoordinatorFixture : public testing::Test {
 protected:
     CoordinatorFixture() {
+        defaults.objects[QStringLiteral("Vantrel.hasCompletedFirstRun")] = true;
         screens.connected = {{QStringLiteral("L"), QRect(0, 0, 1920, 1080)}};
         store.storedCalendars = {calendar("work", StoreCalendarType::local),
                                  calendar("holidays", StoreCalendarType::subscription),
@@ -80,7 +82,7 @@ protected:
         coordinator = std::make_unique<AppCoordinator>(
             *preferences, access,
             AppServices{queue, defaults, workspace, screens, panels, statusBar, popups, windows,
-                        updater, loginItem, [] { return fakes::calendarIn(); },
+                        updater, loginItem, notifications, [] { return fakes::calendarIn(); },
                         [this] { ++terminations; }},
             rescueLogFile());
         coordinator->start();
@@ -101,6 +103,7 @@ protected:
     fakes::RecordingWindows windows;
     fakes::RecordingUpdater updater;
     fakes::FakeLoginItem loginItem;
+    fakes::FakeNotificationPermission notifications;
     int terminations = 0;
     std::unique_ptr<PreferencesStore> preferences = std::make_unique<PreferencesStore>(defaults);
     CalendarAccess access{store};

@@ -153,7 +153,8 @@ class CalendarsTest(unittest.TestCase):
 
     def test_the_agent_keeps_what_is_out_of_reach_and_drops_what_was_deleted(self):
         self.allow()
-        self.write("settings.json", json.dumps({"Vantrel.autoCloseSeconds": 1}))
+        self.write("settings.json", json.dumps({
+            "Vantrel.autoCloseSeconds": 1, "Vantrel.hasCompletedFirstRun": True}))
         for name in ("work", "home", "old"):
             self.write(f"calendars/{name}/displayname", name)
         disk = self.folder / "disk"

@@ -11,7 +11,7 @@ import sys
 import time
 import unittest
 
-from desktop import SURFACE, Agent, Desktop, share, within
+from desktop import FIRST_RUN_IS_OVER, SURFACE, Agent, Desktop, share, within
 
 VANTREL = os.environ["VANTREL"]
 LEAD = 3
@@ -91,14 +91,16 @@ class ConsentTest(unittest.TestCase):
 
     def test_loads_nothing_of_the_accounts_before_it_is_allowed(self):
         self.desktop.start_bus()
+        own = self.desktop.folder / "config" / "Vantrel"
+        own.mkdir()
+        (own / "settings.json").write_text(json.dumps({FIRST_RUN_IS_OVER: True}))
         program = self.desktop.start(VANTREL)
         maps = pathlib.Path(f"/proc/{program.pid}/maps")
         self.wait_for_dialog()
         self.assertNotIn("vantrel-evolution", maps.read_text())
         self.assertNotIn("libecal", maps.read_text())
         self.desktop.answer("Return", self.dialog)
-        access = self.desktop.folder / "config" / "Vantrel" / "access.json"
-        self.assertEqual(json.loads(access.read_text())["calendarAccess"], "granted")
+        self.assertEqual(json.loads((own / "access.json").read_text())["calendarAccess"], "granted")
         if not (pathlib.Path(VANTREL).parent / "vantrel-evolution.so").exists():
             self.skipTest("this build comes without the accounts: nothing to load afterwards")
         within(20, lambda: "vantrel-evolution" in maps.read_text(), "the module is loaded")

@@ -21,6 +21,9 @@ RIGHT = (1920, 0, 3840, 1080)
 SURFACE = (0xFA, 0xF3, 0xE7)
 ACCENT = (0xE8, 0xA0, 0x4C)
 
+# The settings' key for that the user has been through the first run, whose window opens otherwise.
+FIRST_RUN_IS_OVER = "Vantrel.hasCompletedFirstRun"
+
 
 def within(seconds, condition, what):
     """Waits until `condition()` is truthy and returns that value; fails when the time is over."""
@@ -132,7 +135,7 @@ class Desktop(Session):
         self._start_display()
         self.set_monitors({"L": LEFT, "R": RIGHT})
         if self.window_manager:
-            self.start("openbox")
+            self.manager = self.start("openbox")
             within(10, lambda: b"window id" in self.ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                    "the window manager runs")
             self.start("tint2")
@@ -169,20 +172,24 @@ class Desktop(Session):
     def press(self, key):
         self.ask("xdotool", "key", key)
 
-    def answer(self, key, window):
-        """Presses a key now and then until `window()` is gone, since none counts at first."""
+    def press_until(self, key, condition, what):
+        """Presses a key now and then until the condition holds, since none counts at first."""
         pressed = 0.0
 
-        def is_gone():
+        def holds():
             nonlocal pressed
-            if not window():
+            if condition():
                 return True
             if time.monotonic() > pressed + 1:
                 self.press(key)
                 pressed = time.monotonic()
             return False
 
-        within(20, is_gone, f"{key} is an answer")
+        within(20, holds, what)
+
+    def answer(self, key, window):
+        """Presses a key until `window()` is gone."""
+        self.press_until(key, lambda: not window(), f"{key} is an answer")
 
     def move_pointer(self, x, y):
         self.ask("xdotool", "mousemove", str(x), str(y))
@@ -194,13 +201,16 @@ class Desktop(Session):
 class Agent:
     """The program on a profile of its own, with a browser that writes down what it opens."""
 
-    def __init__(self, desktop, vantrel, access="granted", starts=True, **settings):
-        """`access` is the answer that the user gave before; None when nobody has been asked."""
+    def __init__(self, desktop, vantrel, access="granted", starts=True, first_run=False, **settings):
+        """`access` is the answer that the user gave before; None when nobody has been asked.
+        With `first_run` they have never been through the first run."""
         self.desktop = desktop
         self.profile = desktop.folder / "profile"
         self.calendars = self.profile / "calendars"
         (self.calendars / "work").mkdir(parents=True)
         self.settings = {f"Vantrel.{name}": value for name, value in settings.items()}
+        if not first_run:
+            self.settings[FIRST_RUN_IS_OVER] = True
         (self.profile / "settings.json").write_text(json.dumps(self.settings))
         self.access_file = self.profile / "access.json"
         if access:

@@ -81,7 +81,9 @@ class ReadmeTest(unittest.TestCase):
                 f"DTSTART:{stamp(start)}\r\nDURATION:PT30M\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n")
             desktop.move_pointer(960, 540)  # The question comes up on the monitor with the pointer.
             desktop.start("bash", "-c", f"cd '{self.tree}' && exec {command}")
-            within(60, lambda: desktop.windows(name="^Vantrel$"), "it asked for the calendars")
+            within(60, lambda: desktop.windows(name="^Welcome to Vantrel$"), "it said welcome")
+            desktop.press_until("Return", lambda: desktop.windows(name="^Vantrel$"),
+                                "it asked for the calendars")
             within(5, lambda: share(desktop.picture(), (700, 300, 1220, 780), SURFACE) > 0.3,
                    "the question is drawn")
             desktop.answer("Return", lambda: desktop.windows(name="^Vantrel$"))

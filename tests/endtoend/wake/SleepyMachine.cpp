@@ -69,7 +69,7 @@ void SleepyMachine::start() {
     m_coordinator = std::make_unique<AppCoordinator>(
         m_preferences, *m_access,
         AppServices{queue, m_defaults, m_workspace, m_screens, m_panels, m_statusBar, m_popups,
-                    m_windows, m_updater, m_loginItem, calendar, [] {}},
+                    m_windows, m_updater, m_loginItem, m_notifications, calendar, [] {}},
         m_files.path(QStringLiteral("rescues.json")));
     store->start();
     m_coordinator->start();

@@ -7,6 +7,7 @@
 
 #include <app/AppCoordinator.h>
 #include <fakes/FakeLoginItem.h>
+#include <fakes/FakeNotificationPermission.h>
 #include <fakes/FakeScreens.h>
 #include <fakes/InMemoryUserDefaults.h>
 #include <fakes/ManualMainQueue.h>
@@ -132,6 +133,7 @@ private:
     fakes::RecordingWindows m_windows;
     fakes::RecordingUpdater m_updater;
     fakes::FakeLoginItem m_loginItem;
+    fakes::FakeNotificationPermission m_notifications;
     std::unique_ptr<CalendarAccess> m_access;
     std::unique_ptr<AppCoordinator> m_coordinator;
     Subscription m_subscription;

@@ -1,0 +1,139 @@
+#!/usr/bin/python3
+"""The first run as a person goes through it, and the start at login that it offers."""
+
+import json
+import os
+import subprocess
+import sys
+import time
+import unittest
+
+from desktop import ACCENT, FIRST_RUN_IS_OVER, Agent, Desktop, alike, within
+
+VANTREL = os.environ["VANTREL"]
+STEPS = 6
+
+
+class OnboardingTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.desktop.start_bus()
+        self.desktop.move_pointer(400, 500)
+        self.agent = Agent(self.desktop, VANTREL, access=None, first_run=True)
+
+    def window(self):
+        return self.desktop.windows(name="^Welcome to Vantrel$")
+
+    def question(self):
+        return self.desktop.windows(name="^Vantrel$")
+
+    def active(self):
+        return self.desktop.ask("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
+    def step(self):
+        """How far the strip at the top of the window is filled; 0 while nothing is drawn."""
+        windows = self.window()
+        if not windows:
+            return 0
+        shell = self.desktop.ask("xdotool", "getwindowgeometry", "--shell", windows[0]).decode()
+        place = dict(line.split("=") for line in shell.splitlines())
+        left, top = int(place["X"]) + 32, int(place["Y"])
+        picture = self.desktop.picture()
+        width = 660 - 64
+        filled = max(sum(alike(picture.getpixel((left + x, top + y)), ACCENT) for x in range(width))
+                     for y in range(20, 80))
+        return round(filled / width * STEPS)
+
+    def wait_for_step(self, number):
+        within(20, lambda: self.step() == number, f"step {number} is shown")
+        within(5, lambda: self.active() == "Welcome to Vantrel", "it has the keyboard")
+
+    def settings(self):
+        return json.loads((self.agent.profile / "settings.json").read_text())
+
+    def entries(self):
+        return [*(self.desktop.folder / "config" / "autostart").glob("org.vantrel.Vantrel*.desktop")]
+
+    def allow_calendars(self):
+        self.wait_for_step(1)
+        self.desktop.press("Return")
+        self.wait_for_step(2)
+        self.desktop.press("Return")
+        within(20, self.question, "the question is asked")
+        within(5, lambda: self.active() == "Vantrel", "the question has the keyboard")
+        self.assertEqual(len(self.question()), 1)
+        stack = self.desktop.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING").decode()
+        order = [int(window, 16) for window in stack.partition("#")[2].split(",")]
+        self.assertGreater(order.index(int(self.question()[0])), order.index(int(self.window()[0])))
+        self.desktop.answer("Return", self.question)
+        self.assertEqual(json.loads(self.agent.access_file.read_text()), {"calendarAccess": "granted"})
+        self.wait_for_step(2)
+        self.desktop.press_until("Return", lambda: self.step() == 3, "it goes on")
+
+    def see_the_takeover(self):
+        self.desktop.press("Return")
+        self.wait_for_step(4)
+        self.desktop.press("Return")
+        self.wait_for_step(5)
+        self.desktop.press("Return")
+        within(10, lambda: len(self.desktop.panels()) == 2, "the takeover is shown")
+        self.desktop.answer("Escape", self.desktop.panels)
+        self.wait_for_step(5)
+        for key in ["Tab", "Tab", "Return"]:
+            self.desktop.press(key)
+        self.wait_for_step(6)
+
+    def finish(self):
+        self.desktop.press_until("Return", lambda: not self.window(), "the window is gone")
+        self.assertIs(self.settings()[FIRST_RUN_IS_OVER], True)
+        self.assertIsNone(self.agent.process.poll())
+
+    def test_goes_from_nothing_to_finish_by_keyboard_alone(self):
+        self.allow_calendars()
+        self.see_the_takeover()
+        self.assertNotIn(FIRST_RUN_IS_OVER, self.settings())
+        self.finish()
+        self.assertEqual(self.entries(), [])
+        self.assertEqual(self.agent.counts(), {})
+
+    def restart(self):
+        self.desktop.end(self.agent.process)
+        self.agent.start()
+
+    def test_comes_again_until_it_is_finished_and_not_after(self):
+        self.wait_for_step(1)
+        self.desktop.press("alt+F4")
+        within(5, lambda: not self.window(), "the window is gone")
+        self.assertIsNone(self.agent.process.poll())
+        self.restart()
+        self.allow_calendars()
+        self.see_the_takeover()
+        self.finish()
+        self.agent.write_meeting("soon", time.time() + 30)
+        self.restart()
+        # What shows that the program runs comes later than the window would.
+        within(20, lambda: self.desktop.panels(), "a takeover comes up")
+        self.assertEqual(self.window(), [])
+
+    def test_is_started_by_a_session_after_the_switch_for_it_was_thrown(self):
+        self.allow_calendars()
+        self.see_the_takeover()
+        for key in ["Tab", "space"]:
+            self.desktop.press(key)
+        within(10, self.entries, "the entry is written")
+        for key in ["Tab", "Tab"]:
+            self.desktop.press(key)
+        self.finish()
+        self.desktop.end(self.agent.process)
+        self.agent.write_meeting("soon", time.time() + 30)
+        # A session of openbox's own, which it takes no other window manager for.
+        self.desktop.end(self.desktop.manager)
+        self.desktop.start("openbox-session")
+        within(30, lambda: self.desktop.panels(), "a takeover comes up")
+        self.assertEqual(subprocess.run([*self.agent.command, "--action", "quit"],
+                                        env=self.desktop.environment, timeout=30, check=False).returncode, 0)
+        within(10, lambda: not self.desktop.panels(), "what the session started has ended")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])
