@@ -54,6 +54,12 @@ bool LayerPopup::makeItem() {
 void LayerPopup::show(const PopupPlace &place) {
     if (!m_item && !makeItem())
         return;
+    // Any listener may destroy the popup.
+    const QPointer<QObject> living = &m_life;
+    if (m_isShown)
+        m_scene.closeAbove(*this);
+    if (!living)
+        return;
     m_place = place;
     if (m_isShown) {
         arrange();
@@ -61,10 +67,9 @@ void LayerPopup::show(const PopupPlace &place) {
     }
     m_isShown = true;
     m_scene.push(*this);
-    const QPointer<QQuickItem> frame = m_frame;
     if (m_listener.didShow)
         PopupListener(m_listener).didShow();
-    if (frame && m_isShown)
+    if (living && m_isShown)
         settle();
 }
 
@@ -96,11 +101,15 @@ void LayerPopup::arrange() {
 }
 
 void LayerPopup::close() {
-    if (!std::exchange(m_isShown, false))
+    if (!m_isShown)
+        return;
+    // Any listener may close or destroy the popup.
+    const QPointer<QObject> living = &m_life;
+    m_scene.closeAbove(*this);
+    if (!living || !std::exchange(m_isShown, false))
         return;
     m_scene.remove(*this);
     m_frame->setParentItem(nullptr);
-    // The listener may destroy the popup.
     if (const auto didClose = m_listener.didClose)
         didClose();
 }

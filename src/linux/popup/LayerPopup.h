@@ -45,6 +45,7 @@ private:
     QQuickItem *m_frame;         ///< Cuts off what would hang out of a window.
     QPointer<QQuickItem> m_item; ///< Goes with the frame.
     bool m_isShown = false;
+    QObject m_life; ///< Ends with the popup, which the frame may outlive.
 };
 
 } // namespace vantrel

@@ -42,15 +42,18 @@ void LayerScene::push(LayerPopup &popup) {
 }
 
 void LayerScene::remove(LayerPopup &popup) {
-    const auto found = std::find(m_shown.begin(), m_shown.end(), &popup);
-    if (found == m_shown.end())
+    closeAbove(popup);
+    if (std::erase(m_shown, &popup) == 0)
         return;
-    closeFrom(static_cast<std::size_t>(found - m_shown.begin()) + 1);
-    std::erase(m_shown, &popup);
     if (m_shown.empty())
         takeDown();
     else if (m_home)
         m_shown.back()->takeFocus();
+}
+
+void LayerScene::closeAbove(const LayerPopup &popup) {
+    const auto found = std::find(m_shown.begin(), m_shown.end(), &popup);
+    closeFrom(static_cast<std::size_t>(found - m_shown.begin()) + 1);
 }
 
 void LayerScene::raise() {

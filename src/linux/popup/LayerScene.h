@@ -36,6 +36,9 @@ public:
     /// It is not any more. Harmless when it was not.
     void remove(LayerPopup &popup);
 
+    /// Closes what lies on top of a popup.
+    void closeAbove(const LayerPopup &popup);
+
     /// Where the popups lie; null until that is known.
     [[nodiscard]] PopupCanvas *home() const { return m_home; }
 

@@ -30,6 +30,7 @@ QtPopup::QtPopup(ViewContent content, PopupListener listener, ViewEngine &engine
 QtPopup::~QtPopup() {
     if (m_isShown) {
         m_isShown = false;
+        m_stack.closeAbove(*this);
         handOnKeyboard();
         m_stack.remove(*this);
     }
@@ -71,16 +72,21 @@ bool QtPopup::makeWindow() {
 void QtPopup::show(const PopupPlace &place) {
     if (!m_window && !makeWindow())
         return;
+    // Any listener may destroy the popup.
+    const QPointer<QObject> living = &m_watch;
+    if (m_isShown)
+        m_stack.closeAbove(*this);
+    if (!living)
+        return;
     m_place = place;
     chooseScreen();
     if (!m_isShown) {
         m_isShown = true;
         m_formerFocus = x11::focusedWindow();
         m_stack.push(*this);
-        const QPointer<PopupWindow> window = m_window;
         if (m_listener.didShow)
             PopupListener(m_listener).didShow();
-        if (!window || !m_isShown)
+        if (!living || !m_isShown)
             return;
     }
     m_window->setScreen(m_screen);
@@ -114,15 +120,20 @@ void QtPopup::arrange() {
 void QtPopup::close() {
     if (!m_isShown)
         return;
+    // Any listener may close or destroy the popup.
+    const QPointer<QObject> living = &m_watch;
+    m_stack.closeAbove(*this);
+    if (!living || !m_isShown)
+        return;
     m_isShown = false;
     handOnKeyboard();
     m_stack.remove(*this);
     m_window->hide();
-    // The listener may destroy the popup.
     if (const auto didClose = m_listener.didClose)
         didClose();
 }
 
+/// For a popup that nothing lies on, or it would not have the keyboard that it is to hand on.
 /// To the popup beneath, else to the window that had it, unless somebody else has got it already.
 /// Ahead of the window's end: an X server gives the keyboard of a window that has gone to whom it
 /// likes.

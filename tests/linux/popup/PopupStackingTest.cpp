@@ -9,11 +9,13 @@ using Kind = OtherProgram::Kind;
 class PopupStackingTest : public PopupTest {
 protected:
     void SetUp() override {
+        program().focus(former);
         lower = show(*popup, place);
         upper = show(*menu, {QRect(190, 60, 0, 0), PopupAlignment::leading});
         ASSERT_NE(lower, upper);
     }
 
+    const xcb_window_t former = desktop.show(Kind::ordinary, QRect(20, 400, 100, 100), Qt::blue);
     int menuClosings = 0;
     std::unique_ptr<Popup> menu = makePopup(menuClosings);
     QPointer<QQuickWindow> lower;
@@ -69,12 +71,39 @@ TEST_P(PopupStackingTest, ClosingTheLowerOneClosesTheUpperOne) {
     popup->close();
     EXPECT_EQ(menuClosings, 1);
     EXPECT_FALSE(menu->isShown());
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == former; }));
 }
 
 TEST_P(PopupStackingTest, TheLowerOneMayBeDestroyedFirst) {
     popup.reset();
     EXPECT_FALSE(menu->isShown());
     EXPECT_EQ(menuClosings, 1);
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == former; }));
+}
+
+TEST_P(PopupStackingTest, ShowingTheLowerOneAgainClosesTheUpperOne) {
+    popup->show(place);
+    EXPECT_EQ(menuClosings, 1);
+    EXPECT_FALSE(menu->isShown());
+    EXPECT_TRUE(popup->isShown());
+    EXPECT_EQ(closings, 0);
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == lower->winId(); }));
+    program().strikeKey(keycode::escape);
+    EXPECT_TRUE(waitUntil([&] { return closings == 1; }));
+}
+
+TEST_P(PopupStackingTest, TheLowerOneMayGoAsTheUpperOneTellsOfItsClosing) {
+    menu = popups.makePopup({u"Popup.Tests"_qs, u"Card"_qs, {}}, {{}, [this] { popup.reset(); }});
+    show(*menu, {QRect(190, 60, 0, 0), PopupAlignment::leading});
+    popup->show(place);
+    EXPECT_FALSE(popup);
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == former; }));
+    popup = makePopup(closings);
+    show(*popup, place);
+    show(*menu, {QRect(190, 60, 0, 0), PopupAlignment::leading});
+    popup->close();
+    EXPECT_FALSE(popup);
+    EXPECT_TRUE(waitUntil([&] { return program().focused() == former; }));
 }
 
 } // namespace
