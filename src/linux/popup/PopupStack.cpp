@@ -3,6 +3,7 @@
 #include "QtPopup.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -14,6 +15,9 @@ PopupStack::PopupStack()
     : m_pointer([this](QPoint place) { notePress(place); }, [this] { noteRelease(); }) {
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &m_watch,
                      [this](const QWindow *focused) { followFocus(focused); });
+    const auto closeAll = [this] { closeFrom(0); };
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_watch, closeAll);
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &m_watch, closeAll);
 }
 
 void PopupStack::push(QtPopup &popup) {

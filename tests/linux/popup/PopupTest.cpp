@@ -118,6 +118,24 @@ TEST_P(PopupTest, StaysWhenTheClickThatAskedForItEnds) {
     EXPECT_TRUE(popup->isShown());
 }
 
+TEST_P(PopupTest, ClosesWhenAMonitorGoesOrComes) {
+    const auto hasMonitors = [](int count) {
+        return waitUntil([count] { return QGuiApplication::screens().size() == count; });
+    };
+    ASSERT_TRUE(hasMonitors(2));
+    const PopupPlace onTheRight{
+        QRect(QGuiApplication::screens().back()->geometry().center(), QSize())};
+    const QQuickWindow *window = show(*popup, onTheRight);
+    disconnectRightMonitor();
+    EXPECT_TRUE(waitUntil([&] { return closings == 1; }));
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(hasMonitors(1));
+    show(*popup, place);
+    connectBothMonitors();
+    EXPECT_TRUE(waitUntil([&] { return closings == 2; }));
+    EXPECT_TRUE(hasMonitors(2));
+}
+
 TEST_P(PopupTest, FollowsTheSizeOfItsContent) {
     const QQuickWindow *window = show(*popup, place);
     card(*window).setImplicitWidth(300);
