@@ -11,7 +11,7 @@ Pressable {
 
     implicitWidth: Math.ceil(label.implicitWidth) + 32
     implicitHeight: 34
-    activeFocusOnTab: root.isChosen
+    activeFocusOnTab: root.isChosen || root.activeFocus
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.modelData
     Accessible.checkable: true

@@ -6,7 +6,7 @@ FocusScope {
     id: root
 
     required property string title
-    required property list<string> options
+    required property var options
     required property int current
 
     signal chosen(int index)

@@ -10,7 +10,7 @@ Pressable {
 
     implicitHeight: Math.max(36, Math.round(2.5 * Typography.size(0)))
     ringRadius: 8
-    activeFocusOnTab: root.isSelected
+    activeFocusOnTab: root.isSelected || root.activeFocus
     Accessible.role: Accessible.PageTab
     Accessible.name: root.tab.title
     Accessible.selectable: true

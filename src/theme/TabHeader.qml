@@ -9,7 +9,8 @@ Item {
     required property string subtitle
     property string tobbleAsset: ""
 
-    implicitHeight: Math.max(texts.implicitHeight, mascot.visible ? mascot.height : 0)
+    // With air beneath; the same with the mascot and without, so that the title stays in its place.
+    implicitHeight: Math.max(texts.implicitHeight, mascot.size) + 4
 
     Column {
         id: texts
@@ -50,6 +51,6 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         visible: root.tobbleAsset.length > 0
         assetName: root.tobbleAsset
-        size: 72
+        size: 64
     }
 }

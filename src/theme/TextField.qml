@@ -10,7 +10,8 @@ FocusScope {
     required property string setting
 
     signal edited(string text)
-    signal accepted()
+    /// With Return, and when the keyboard goes elsewhere.
+    signal finished(string text)
 
     implicitWidth: 240
     implicitHeight: Math.max(36, Math.ceil(input.implicitHeight) + 16)
@@ -48,7 +49,7 @@ FocusScope {
         Accessible.description: root.placeholder
         Accessible.focusable: true
         onTextEdited: root.edited(input.text)
-        onAccepted: root.accepted()
+        onEditingFinished: root.finished(input.text)
     }
 
     Text {
@@ -66,5 +67,10 @@ FocusScope {
     HoverHandler {
         id: hover
         cursorShape: Qt.IBeamCursor
+    }
+
+    // Shows the setting in place of what was written.
+    function restore() {
+        input.text = Qt.binding(() => root.setting);
     }
 }
