@@ -1,0 +1,82 @@
+import QtQuick
+import Vantrel.Preferences
+import Vantrel.Theme
+
+// The five looks, and a taste of the one that is picked.
+Column {
+    id: root
+
+    required property AppearanceTabModel viewModel
+
+    readonly property var offers: root.viewModel.themes
+    readonly property real cardWidth: (root.width - 12) / 2
+
+    spacing: 12
+
+    TabHeader {
+        width: parent.width
+        title: qsTr("Appearance")
+        subtitle: qsTr("Pick how Tobble looks. The voice stays the same.")
+        tobbleAsset: "tobble-content"
+    }
+
+    FocusScope {
+        width: parent.width
+        height: grid.height
+        Accessible.role: Accessible.Grouping
+        Accessible.name: qsTr("Appearance")
+        Keys.onLeftPressed: root.pick(root.viewModel.selected - 1)
+        Keys.onRightPressed: root.pick(root.viewModel.selected + 1)
+        Keys.onUpPressed: root.pick(root.viewModel.selected - 2)
+        Keys.onDownPressed: root.pick(root.viewModel.selected + 2)
+
+        Flow {
+            id: grid
+            width: parent.width
+            spacing: 12
+
+            Repeater {
+                id: cards
+                model: root.offers
+
+                // The outer id is seen from here in any case; to say so to qmllint takes Qt 6.5.
+                // qmllint disable unqualified
+                ThemeCard {
+                    required property int index
+                    required property themeOffer modelData
+
+                    width: root.cardWidth
+                    offer: modelData
+                    isSelected: root.viewModel.selected === index
+                    focus: isSelected
+                    onClicked: root.viewModel.select(index)
+                }
+                // qmllint enable unqualified
+            }
+
+            Item {
+                width: root.cardWidth
+                height: 76
+
+                OutlinedButton {
+                    objectName: "showDemoAlert"
+                    anchors.centerIn: parent
+                    text: qsTr("Show Demo Alert")
+                    symbol: "play.fill"
+                    onClicked: root.viewModel.showDemoAlert()
+                }
+            }
+        }
+    }
+
+    ThemePreview {
+        width: parent.width
+    }
+
+    function pick(index: int) {
+        if (index < 0 || index >= cards.count)
+            return;
+        root.viewModel.select(index);
+        cards.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+    }
+}

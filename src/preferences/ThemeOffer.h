@@ -1,0 +1,27 @@
+#pragma once
+
+#include <theme/ThemePalette.h>
+
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace vantrel {
+
+/// A theme as the user picks it. A plain value.
+class ThemeOffer {
+    Q_GADGET
+    QML_VALUE_TYPE(themeOffer)
+    Q_PROPERTY(QString name MEMBER name CONSTANT FINAL)
+    Q_PROPERTY(QString description MEMBER description CONSTANT FINAL)
+    Q_PROPERTY(vantrel::ThemePalette themePalette MEMBER themePalette CONSTANT FINAL)
+
+public:
+    QString name;
+    QString description;
+    ThemePalette themePalette;
+
+    bool operator==(const ThemeOffer &) const = default;
+};
+
+} // namespace vantrel
