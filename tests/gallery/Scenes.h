@@ -26,6 +26,9 @@ struct Scene {
 /// The recap, over palettes, weeks and sizes.
 [[nodiscard]] std::vector<Scene> recapScenes();
 
+/// The preferences, over palettes, languages, pages and sizes.
+[[nodiscard]] std::vector<Scene> preferencesScenes();
+
 /// The popover with the upcoming meetings and its menu, over palettes, languages and lists.
 [[nodiscard]] std::vector<Scene> popoverScenes();
 

@@ -84,8 +84,8 @@ int main(int argc, char **argv) {
     parser.process(application);
 
     auto scenes = takeoverScenes();
-    for (const auto &more :
-         {consentScenes(), onboardingScenes(), popoverScenes(), recapScenes(), updatesScenes()})
+    for (const auto &more : {consentScenes(), onboardingScenes(), popoverScenes(),
+                             preferencesScenes(), recapScenes(), updatesScenes()})
         scenes.insert(scenes.end(), more.begin(), more.end());
     const QStringList only = parser.values(onlyOption);
     if (parser.isSet(listOption)) {
