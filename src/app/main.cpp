@@ -153,11 +153,14 @@ AgentStatus statusOf(const AppCoordinator &coordinator, const LocalEventStore &s
 }
 
 int runAgent(int &argc, char **argv, const RunAgent &command) {
+    std::optional<HiddenSessionBus> withoutBus;
     if (!isSessionBusAnswering(patienceWithBus)) {
-        fail(failed, QStringLiteral("the session bus does not answer; going on without it"));
-        leaveSessionBusOut();
+        fail(failed,
+             QStringLiteral("the session bus does not answer; going on without it for now"));
+        withoutBus.emplace();
     }
     const QGuiApplication application(argc, argv);
+    withoutBus.reset();
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     if (!makeFolder(command.profile))

@@ -142,5 +142,42 @@ class ActivationTest(unittest.TestCase):
         self.assertNotEqual(self.icon_folders(), left)
 
 
+class ActivationOnAStalledBusTest(unittest.TestCase):
+    """At login the bus may stand still for longer than the program waits for it."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        bus = self.desktop.start_bus()
+        self.panel = self.enterContext(PanelProcess(self.desktop.environment))
+        bus.send_signal(signal.SIGSTOP)
+        self.addCleanup(bus.send_signal, signal.SIGCONT)
+        self.agent = Agent(self.desktop, VANTREL)
+        log = self.desktop.folder / "vantrel.log"
+        within(30, lambda: b"There is no session bus" in log.read_bytes(), "the bus was given up")
+        bus.send_signal(signal.SIGCONT)
+
+    def test_has_its_item_and_its_name_once_a_stalled_bus_goes_on(self):
+        self.panel.item(icon=FULL)
+        within(30, lambda: subprocess.run([*self.agent.command, "pause"], check=False,
+                                          env=self.desktop.environment, timeout=30).returncode == 0,
+               "another start finds the one that runs")
+        self.panel.item(icon=OUTLINE)
+        self.assertEqual(subprocess.run(self.agent.command, env=self.desktop.environment, timeout=30,
+                                        check=False).returncode, 0)
+        self.assertIsNone(self.agent.process.poll())
+
+    def test_starts_a_browser_that_finds_the_bus_that_stalled(self):
+        (self.desktop.folder / "browser").write_text(
+            f"#!/bin/sh\nprintf %s \"$DBUS_SESSION_BUS_ADDRESS\" >'{self.agent.opened}'\n")
+        self.agent.write_meeting("soon", time.time() + 270, f"LOCATION:{LINK}", title="Stand-up")
+        self.panel.item(label="● Stand-up • in 5 min")
+        self.panel.do("activate", x=1700, y=12)
+        within(20, lambda: self.desktop.windows(name="^Vantrel$"), "the list is shown")
+        for key in ["alt+a", "Down", "Return"]:
+            self.desktop.press(key)
+        self.assertEqual(within(20, self.agent.opened_url, "the link was opened"),
+                         self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"])
+
+
 if __name__ == "__main__":
     unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])

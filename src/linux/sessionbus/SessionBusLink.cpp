@@ -42,10 +42,11 @@ SessionBusLink::~SessionBusLink() {
 
 void SessionBusLink::connectToBus() {
     m_connecting = std::thread([this] {
-        // The probe has an end, which connecting has not.
+        // The probe has an end, which connecting has not. By its address, since the bus library
+        // keeps to the one that it read first, and that may have been hidden from it.
         const bool isConnected =
             hasSessionBus() && isSessionBusAnswering(patience) &&
-            QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name).isConnected();
+            QDBusConnection::connectToBus(sessionBusAddress(), m_name).isConnected();
         QMetaObject::invokeMethod(
             this, [this, isConnected] { take(isConnected); }, Qt::QueuedConnection);
     });

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayList>
+#include <QDBusConnection>
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -19,11 +20,9 @@ namespace {
 
 constexpr char addressVariable[] = "DBUS_SESSION_BUS_ADDRESS";
 
-/// The first of the addresses, or the place where a bus stands without any.
 QByteArray addressOfBus() {
     const QByteArray addresses = qgetenv(addressVariable);
-    return addresses.isEmpty() ? "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus"
-                               : addresses.split(';').first();
+    return addresses.isEmpty() ? "unix:path=" + qgetenv("XDG_RUNTIME_DIR") + "/bus" : addresses;
 }
 
 /// Empty for anything but a socket of this machine.
@@ -125,7 +124,7 @@ bool hasSessionBus() {
 }
 
 bool isSessionBusAnswering(Seconds patience) {
-    const auto place = socketOf(addressOfBus());
+    const auto place = socketOf(addressOfBus().split(';').first());
     if (!place)
         return true;
     const Connection connection(0.5 * patience);
@@ -140,8 +139,19 @@ bool isSessionBusAnswering(Seconds patience) {
     }
 }
 
-void leaveSessionBusOut() {
+QString sessionBusAddress() {
+    return QString::fromLocal8Bit(addressOfBus());
+}
+
+HiddenSessionBus::HiddenSessionBus() : m_address(addressOfBus()) {
     qputenv(addressVariable, "unix:path=/dev/null");
+    // The bus library reads the address once and Qt keeps the connection, so nothing that asks Qt
+    // for the session bus afterwards, its accessibility for one, waits for it either.
+    (void)QDBusConnection::sessionBus();
+}
+
+HiddenSessionBus::~HiddenSessionBus() {
+    qputenv(addressVariable, m_address);
 }
 
 } // namespace vantrel

@@ -1,5 +1,6 @@
 #include <linux/sessionbus/SessionBusProbe.h>
 
+#include <QDBusConnection>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -72,11 +73,24 @@ TEST_F(SessionBusProbeTest, WaitsForNoneThatIsNotThere) {
     EXPECT_TRUE(isSessionBusAnswering(Seconds{3600.0}));
 }
 
-TEST_F(SessionBusProbeTest, HasNoConnectionSucceedOnceTheBusIsLeftOut) {
+TEST_F(SessionBusProbeTest, LetsNobodyFindABusThatIsHiddenUntilItIsNot) {
     listen();
-    leaveSessionBusOut();
-    EXPECT_EQ(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "unix:path=/dev/null");
-    EXPECT_TRUE(isSessionBusAnswering(Seconds{3600.0}));
+    {
+        const HiddenSessionBus hidden;
+        EXPECT_TRUE(isSessionBusAnswering(Seconds{3600.0}));
+        EXPECT_FALSE(QDBusConnection::sessionBus().isConnected());
+    }
+    EXPECT_EQ(qgetenv("DBUS_SESSION_BUS_ADDRESS"), "unix:path=" + m_path);
+    EXPECT_FALSE(QDBusConnection::sessionBus().isConnected());
+}
+
+TEST_F(SessionBusProbeTest, LeavesABusOfTheRuntimeFolderNamedWhereItWasHidden) {
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QString place =
+        QStringLiteral("unix:path=%1/bus").arg(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+    EXPECT_EQ(sessionBusAddress(), place);
+    { const HiddenSessionBus hidden; }
+    EXPECT_EQ(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), place);
 }
 
 } // namespace
