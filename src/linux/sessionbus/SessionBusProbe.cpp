@@ -10,8 +10,11 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cmath>
+#include <csignal>
 #include <cstddef>
 #include <cstring>
+#include <ctime>
 #include <optional>
 
 namespace vantrel {
@@ -57,7 +60,7 @@ class Connection {
 public:
     explicit Connection(Seconds patience)
         : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)),
-          m_patience(static_cast<int>(1000.0 * patience.count())) {}
+          m_patience(patience) {}
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
     ~Connection() { ::close(m_socket); }
@@ -75,7 +78,13 @@ public:
         if (::send(m_socket, text.constData(), size, MSG_NOSIGNAL) != text.size())
             return errno != EAGAIN;
         pollfd wait{m_socket, POLLIN, 0};
-        if (::poll(&wait, 1, m_patience) == 0)
+        constexpr double nanosecondsOfSecond = 1e9;
+        const double whole = std::floor(m_patience.count());
+        const timespec limit{static_cast<std::time_t>(whole),
+                             static_cast<long>(nanosecondsOfSecond * (m_patience.count() - whole))};
+        sigset_t all; // A signal would end the waiting, and look like an answer.
+        ::sigfillset(&all);
+        if (::ppoll(&wait, 1, &limit, &all) == 0)
             return false;
         char answer[512];
         (void)::recv(m_socket, answer, sizeof answer, 0);
@@ -84,7 +93,7 @@ public:
 
 private:
     const int m_socket;
-    const int m_patience; ///< In milliseconds.
+    const Seconds m_patience;
 };
 
 /// How a program introduces itself (D-Bus specification, "Authentication Protocol").

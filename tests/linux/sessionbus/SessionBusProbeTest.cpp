@@ -9,6 +9,8 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <csignal>
 #include <cstring>
 #include <thread>
 
@@ -91,6 +93,26 @@ TEST_F(SessionBusProbeTest, LeavesABusOfTheRuntimeFolderNamedWhereItWasHidden) {
     EXPECT_EQ(sessionBusAddress(), place);
     { const HiddenSessionBus hidden; }
     EXPECT_EQ(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), place);
+}
+
+TEST_F(SessionBusProbeTest, TakesNoSignalForAnAnswer) {
+    listen();
+    struct sigaction ignored {};
+    ignored.sa_handler = [](int) {};
+    struct sigaction before {};
+    ::sigaction(SIGUSR1, &ignored, &before); // Without SA_RESTART, which poll disregards anyway.
+    const pthread_t asking = ::pthread_self();
+    std::atomic<bool> isOver = false;
+    std::thread disturber([&] {
+        while (!isOver) {
+            ::pthread_kill(asking, SIGUSR1);
+            std::this_thread::yield();
+        }
+    });
+    EXPECT_FALSE(isSessionBusAnswering(Seconds{0.2}));
+    isOver = true;
+    disturber.join();
+    ::sigaction(SIGUSR1, &before, nullptr);
 }
 
 } // namespace
