@@ -66,7 +66,7 @@ void SessionBusLink::take(bool isConnected) {
                 SLOT(lose()));
     if (std::exchange(m_isKnownMissing, false))
         qCInfo(busLog, "The session bus is back");
-    m_pauses = pausesFromTheFirst();
+    m_lasting = m_queue.after(lasting, [this] { m_pauses = pausesFromTheFirst(); });
     m_bus = bus;
     m_listener.connected(bus);
     // It may have gone before anybody listened.
@@ -79,6 +79,7 @@ void SessionBusLink::lose() {
         return;
     // Those who use the connection may be in the midst of a call.
     m_next = m_queue.after(Seconds::zero(), [this] {
+        m_lasting.cancel();
         m_bus.reset();
         QDBusConnection::disconnectFromBus(m_name);
         m_next = m_queue.after(*m_pauses.next(), [this] { connectToBus(); });

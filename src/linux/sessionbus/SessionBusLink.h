@@ -20,6 +20,10 @@ class SessionBusLink : public QObject {
     Q_OBJECT
 
 public:
+    /// The pauses begin anew only with a connection that was there for so long: a bus that lets
+    /// programs in and drops them is not asked each second.
+    static constexpr Seconds lasting{10.0};
+
     /// Both are called from the event loop.
     struct Listener {
         /// There is a connection. Whatever belongs to the one before is of no use any more.
@@ -56,6 +60,7 @@ private:
     bool m_isKnownMissing = false;
     Backoff m_pauses;
     ScheduledWork m_next;
+    ScheduledWork m_lasting;
     std::thread m_connecting;
 };
 

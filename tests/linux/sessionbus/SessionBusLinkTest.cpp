@@ -1,3 +1,4 @@
+#include <fakes/ManualMainQueue.h>
 #include <linux/mainqueue/QtMainQueue.h>
 #include <linux/sessionbus/SessionBusLink.h>
 #include <session/PrivateBus.h>
@@ -83,6 +84,54 @@ TEST_F(SessionBusLinkTest, MayGoWhileItConnects) {
     queue.async([&] { hasPassed = true; });
     EXPECT_TRUE(waitUntil([&] { return hasPassed; }));
     EXPECT_EQ(timesConnected, 0);
+}
+
+/// With time in the test's hand.
+class SessionBusLinkPausesTest : public testing::Test {
+protected:
+    bool isConnected(int times) {
+        return waitUntil([this, times] { return timesConnected >= times; });
+    }
+
+    /// Restarts the bus once the link has noticed its end.
+    bool dropConnection() {
+        PrivateBus::current().stop();
+        const bool isLost = waitUntil([this] {
+            queue.runDue();
+            return !link.bus();
+        });
+        PrivateBus::current().start();
+        return isLost;
+    }
+
+    fakes::ManualMainQueue queue{Instant{Seconds{0.0}}};
+    int timesConnected = 0;
+    SessionBusLink link{queue,
+                        QStringLiteral("test-link"),
+                        {[this](const QDBusConnection &) { ++timesConnected; }, [] {}}};
+};
+
+TEST_F(SessionBusLinkPausesTest, GrowWithEachConnectionThatDidNotLast) {
+    ASSERT_TRUE(isConnected(1));
+    for (const Seconds pause : {Seconds{1.0}, Seconds{2.0}, Seconds{4.0}}) {
+        ASSERT_TRUE(dropConnection());
+        queue.advance(pause - Seconds{0.1});
+        EXPECT_EQ(queue.pendingCount(), 1U); // It waits for its next attempt.
+        queue.advance(Seconds{0.1});
+        EXPECT_EQ(queue.pendingCount(), 0U);
+        ASSERT_TRUE(isConnected(timesConnected + 1));
+    }
+}
+
+TEST_F(SessionBusLinkPausesTest, BeginAnewAfterAConnectionThatLasted) {
+    ASSERT_TRUE(isConnected(1));
+    ASSERT_TRUE(dropConnection());
+    queue.advance(Seconds{1.0});
+    ASSERT_TRUE(isConnected(2));
+    queue.advance(SessionBusLink::lasting);
+    ASSERT_TRUE(dropConnection());
+    queue.advance(Seconds{1.0});
+    EXPECT_TRUE(isConnected(3));
 }
 
 } // namespace vantrel::tests
