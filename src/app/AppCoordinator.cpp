@@ -42,6 +42,7 @@ AppCoordinator::AppCoordinator(PreferencesStore &preferences, CalendarAccess &ca
 
 AppCoordinator::~AppCoordinator() {
     UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
+    target.openPreferencesHandler = {};
     target.previewTakeoverHandler = {};
     target.openRecapHandler = {};
     target.quitHandler = {};
@@ -63,6 +64,7 @@ void AppCoordinator::start() {
 
 void AppCoordinator::makePopover() {
     UpcomingMenuTarget &target = UpcomingMenuTarget::shared();
+    target.openPreferencesHandler = [this] { openPreferences(); };
     target.previewTakeoverHandler = [this] { previewTakeover(std::nullopt); };
     target.openRecapHandler = [this] { openRecap(); };
     target.quitHandler = m_services.terminate;
@@ -89,6 +91,7 @@ void AppCoordinator::startMenuBar() {
         closePopups();
         m_popupMenu->show(menu, PopupPlace{place, PopupAlignment::leading});
     };
+    actions.openPreferences = [this] { openPreferences(); };
     actions.checkForUpdates = [this] { checkForUpdates(); };
     actions.quit = m_services.terminate;
     m_menuBar = std::make_unique<MenuBarController>(m_services.statusBar, m_preferences, m_query,
@@ -126,7 +129,8 @@ void AppCoordinator::takeRequest(ActivationRequest request) {
             m_upcomingEventsPopover->show(std::nullopt);
         break;
     case ActivationRequest::showPreferences:
-        break; // There is no such window.
+        openPreferences();
+        break;
     case ActivationRequest::showRecap:
         openRecap();
         break;
@@ -216,6 +220,15 @@ void AppCoordinator::openOnboarding() {
             m_services.defaults, m_services.windows, m_services.queue);
     m_onboardingWindowController->state().advanceToFirstIncompleteStep();
     m_onboardingWindowController->show();
+}
+
+void AppCoordinator::openPreferences() {
+    closePopups();
+    if (!m_preferencesWindowController)
+        m_preferencesWindowController = std::make_unique<PreferencesWindowController>(
+            *this, m_preferences, m_services.workspace, m_services.windows,
+            m_services.currentCalendar);
+    m_preferencesWindowController->show();
 }
 
 void AppCoordinator::openRecap() {

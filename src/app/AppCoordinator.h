@@ -28,7 +28,9 @@
 #include <platform/UserDefaults.h>
 #include <platform/Windows.h>
 #include <platform/Workspace.h>
+#include <preferences/PreferencesCoordinator.h>
 #include <preferences/PreferencesStore.h>
+#include <preferences/PreferencesWindowController.h>
 #include <rescues/RecapWindowController.h>
 #include <rescues/RescueLog.h>
 #include <system/LaunchAtLoginManager.h>
@@ -63,13 +65,13 @@ struct AppServices {
 
 /// The program's root: owns every long-lived part, wires them together and follows changes of the
 /// calendars. Main thread only.
-class AppCoordinator {
+class AppCoordinator : public PreferencesCoordinator {
 public:
     /// `preferences` and `calendarAccess` must outlive the coordinator, which reads the calendars
     /// of the latter's store. The rescue log is kept in the file at `rescueLogFile`.
     AppCoordinator(PreferencesStore &preferences, CalendarAccess &calendarAccess,
                    const AppServices &services, const QString &rescueLogFile);
-    ~AppCoordinator();
+    ~AppCoordinator() override;
     AppCoordinator(const AppCoordinator &) = delete;
     AppCoordinator &operator=(const AppCoordinator &) = delete;
 
@@ -86,7 +88,7 @@ public:
 
     /// Closes the popover and shows what a takeover looks like, in the selected theme or in another
     /// one. Nothing comes of the answer. While a takeover is up none is shown.
-    void previewTakeover(std::optional<Theme> themeOverride);
+    void previewTakeover(std::optional<Theme> themeOverride) override;
 
     /// Closes the popover and shows the first run, at its first step that is not complete.
     void openOnboarding();
@@ -94,8 +96,10 @@ public:
     /// Closes the popover and shows how often the user was fetched this week, up to now.
     void openRecap();
 
-    /// What the program is asked from outside. It has been started. A window that there is not is
-    /// not shown.
+    /// Closes the popover and shows the settings.
+    void openPreferences();
+
+    /// What the program is asked from outside. It has been started.
     void takeRequest(ActivationRequest request);
 
     /// What the program knows of itself; the rest is the caller's to fill in.
@@ -103,7 +107,7 @@ public:
 
     /// Has the user asked for access to their calendars, if need be. The answer comes later, or
     /// never.
-    void requestCalendarAccess();
+    void requestCalendarAccess() override;
 
     /// What the popover lists.
     [[nodiscard]] const UpcomingEventsViewModel &upcomingEventsViewModel() const {
@@ -117,7 +121,7 @@ public:
     /// Calls `subscriber` with the current one at once and with each further one before it is
     /// stored.
     [[nodiscard]] Subscription observeCalendarSnapshot(
-        const std::function<void(const CalendarRepository::Snapshot &)> &subscriber) {
+        const std::function<void(const CalendarRepository::Snapshot &)> &subscriber) override {
         return m_calendarSnapshot.subscribe(subscriber);
     }
 
@@ -126,8 +130,12 @@ public:
     }
     /// Like `observeCalendarSnapshot`.
     [[nodiscard]] Subscription observeCalendarAccessStatus(
-        const std::function<void(const CalendarAccess::Status &)> &subscriber) {
+        const std::function<void(const CalendarAccess::Status &)> &subscriber) override {
         return m_calendarAccessStatus.subscribe(subscriber);
+    }
+
+    [[nodiscard]] LaunchAtLoginManager &launchAtLoginManager() override {
+        return m_launchAtLoginManager;
     }
 
 private:
@@ -162,9 +170,10 @@ private:
     std::unique_ptr<PopoverModel> m_popoverModel;
     std::unique_ptr<UpcomingEventsPopover> m_upcomingEventsPopover;
     std::unique_ptr<MenuBarController> m_menuBar;
-    std::unique_ptr<OnboardingWindowController>
-        m_onboardingWindowController;                               ///< From its first use on.
-    std::unique_ptr<RecapWindowController> m_recapWindowController; ///< From its first use on.
+    // From their first use on.
+    std::unique_ptr<PreferencesWindowController> m_preferencesWindowController;
+    std::unique_ptr<RecapWindowController> m_recapWindowController;
+    std::unique_ptr<OnboardingWindowController> m_onboardingWindowController;
     std::shared_ptr<char> m_life = std::make_shared<char>(); ///< An answer may come after the end.
 };
 

@@ -78,11 +78,11 @@ TEST_F(AppMenuBarTest, OutlinesThePawWhileAlertsArePaused) {
     EXPECT_EQ(item().image, u"pawprint");
 }
 
-TEST_F(AppMenuBarTest, QuitsFromTheMenuOfTheItemWhichOffersNoWindowThatThereIsNot) {
+TEST_F(AppMenuBarTest, QuitsFromTheMenuOfTheItemWhichOffersEachWindow) {
     start();
     const Menu menu = item().listener.menu();
     ASSERT_EQ(menu.size(), 4U);
-    EXPECT_FALSE(std::get<MenuItem>(menu[0]).action);
+    EXPECT_TRUE(std::get<MenuItem>(menu[0]).action);
     EXPECT_TRUE(std::get<MenuItem>(menu[1]).action);
     std::get<MenuItem>(menu[3]).action();
     EXPECT_EQ(terminations, 1);

@@ -163,7 +163,7 @@ TEST_F(AppPopoverTest, OffersInItsMenuJustWhatThereIs) {
     click();
     popoverModel().openMenu({300.0, 40.0});
     ASSERT_EQ(popups.shown().size(), 2U);
-    EXPECT_EQ(menuLines(), (std::vector<std::string>{"This week's rescues", "(Preferences…)",
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"This week's rescues", "Preferences…",
                                                      "Preview takeover", "-", "Quit Vantrel"}));
 }
 
@@ -266,7 +266,7 @@ TEST_F(AppPopoverTest, ShowsTheItemsMenuOnARightClickAndNoPopover) {
     click({PointerButton::right, false, QRect(100, 0, 24, 24)});
     ASSERT_EQ(popups.shown().size(), 1U);
     EXPECT_EQ(shown("MenuView").places.back().anchor, QRect(100, 0, 24, 24));
-    EXPECT_EQ(menuLines(), (std::vector<std::string>{"(Preferences…)", "Check for Updates…", "-",
+    EXPECT_EQ(menuLines(), (std::vector<std::string>{"Preferences…", "Check for Updates…", "-",
                                                      "Quit Vantrel"}));
     menuModel().choose(3);
     queue.runDue();
@@ -311,6 +311,7 @@ TEST_F(AppPopoverTest, ClosesEverythingWhenStopped) {
 TEST_F(AppPopoverTest, LeavesNoHandlerBehindAtItsEnd) {
     start();
     coordinator.reset();
+    EXPECT_FALSE(UpcomingMenuTarget::shared().openPreferencesHandler);
     EXPECT_FALSE(UpcomingMenuTarget::shared().previewTakeoverHandler);
     EXPECT_FALSE(UpcomingMenuTarget::shared().openRecapHandler);
     EXPECT_FALSE(UpcomingMenuTarget::shared().quitHandler);
