@@ -4,6 +4,7 @@
 #include "CalendarList.h"
 #include "CommandLine.h"
 #include "Output.h"
+#include "Wording.h"
 
 #include <linux/activation/BusActivation.h>
 #include <linux/clock/DesktopClock.h>
@@ -163,6 +164,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
     withoutBus.reset();
     QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    installWording();
     if (!makeFolder(command.profile))
         return fail(failed, QStringLiteral("cannot make the folder %1").arg(*command.profile));
 
