@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Vantrel.Onboarding
 import Vantrel.Theme
 
@@ -43,6 +44,22 @@ FocusScope {
         interactive: view.contentHeight > view.height
         boundsBehavior: Flickable.StopAtBounds
         clip: view.interactive
+
+        readonly property Item focused: root.Window.activeFocusItem
+
+        onFocusedChanged: view.reveal(view.focused)
+
+        /// Where the text is large, what gets the keyboard may lie outside.
+        function reveal(item: Item) {
+            let ancestor = item;
+            while (ancestor !== null && ancestor !== parts)
+                ancestor = ancestor.parent;
+            if (ancestor === null)
+                return;
+            const top = item.mapToItem(content, 0, 0).y;
+            const lowest = top + item.height + 16 - view.height;
+            view.contentY = Math.max(0, lowest, Math.min(view.contentY, top - 16));
+        }
 
         Column {
             id: content

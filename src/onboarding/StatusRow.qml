@@ -54,8 +54,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             text: root.mark
             textFormat: Text.PlainText
-            color: root.isGiven ? root.ThemePaletteKey.palette.primaryText
-                                : root.ThemePaletteKey.palette.secondaryText
+            color: root.ThemePaletteKey.palette.primaryText
             font: Typography.reading(Typography.size(0), Font.Medium)
             Accessible.ignored: true
         }

@@ -29,8 +29,8 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: 12
-        color: root.isSelected || root.isHovered ? root.ThemePaletteKey.palette.dimSurface
-                                                 : root.ThemePaletteKey.palette.surfaceBackground
+        color: root.isHovered ? root.ThemePaletteKey.palette.dimSurface
+                              : root.ThemePaletteKey.palette.surfaceBackground
         border.color: root.isSelected ? root.ThemePaletteKey.palette.accent
                                       : root.ThemePaletteKey.palette.dotStroke
         border.width: root.isSelected ? 2 : 1
@@ -51,9 +51,20 @@ Pressable {
             anchors.centerIn: parent
             spacing: 4
 
-            ThemeDot { color: root.modelData.colors.accent }
-            ThemeDot { color: root.modelData.colors.primaryText }
-            ThemeDot { color: root.modelData.colors.dimSurface }
+            ThemeDot {
+                color: root.modelData.colors.accent
+                border.color: root.modelData.colors.dotStroke
+            }
+
+            ThemeDot {
+                color: root.modelData.colors.primaryText
+                border.color: root.modelData.colors.dotStroke
+            }
+
+            ThemeDot {
+                color: root.modelData.colors.dimSurface
+                border.color: root.modelData.colors.dotStroke
+            }
         }
     }
 
@@ -81,7 +92,9 @@ Pressable {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignLeft
-            color: root.ThemePaletteKey.palette.secondaryText
+            // The secondary colour is too weak on the dim surface.
+            color: root.isHovered ? root.ThemePaletteKey.palette.primaryText
+                                  : root.ThemePaletteKey.palette.secondaryText
             font: Typography.reading(0.94 * Typography.size(0), Font.Normal)
             Accessible.ignored: true
         }

@@ -1,6 +1,8 @@
 #include "ShownOnboarding.h"
 
 #include <QAccessible>
+#include <QFont>
+#include <QGuiApplication>
 
 #include <gmock/gmock.h>
 
@@ -111,6 +113,27 @@ TEST_F(OnboardingKeyboardTest, TheArrowsStopAtTheEndsOfTheThemes) {
     for (int presses = 0; presses < 7; ++presses)
         press(Qt::Key_Down);
     EXPECT_EQ(preferences.selectedTheme(), Theme::chestnut);
+}
+
+TEST_F(OnboardingKeyboardTest, WhatGetsTheKeyboardComesIntoViewWhereTheTextIsLarge) {
+    const QFont usual = QGuiApplication::font();
+    QFont large = usual;
+    large.setPixelSize(30);
+    QGuiApplication::setFont(large);
+    showAt(Step::theme);
+    press(Qt::Key_Tab);
+    for (int presses = 0; presses < 4; ++presses)
+        press(Qt::Key_Down);
+    const QQuickItem *row = find("theme4");
+    const QRectF shown = row->mapRectToScene(row->boundingRect());
+    EXPECT_GE(shown.top(), 0.0);
+    EXPECT_LE(shown.bottom(), find("primary")->mapToScene(QPointF()).y());
+    for (int presses = 0; presses < 4; ++presses)
+        press(Qt::Key_Up);
+    const QQuickItem *first = find("theme0");
+    EXPECT_GE(first->mapToScene(QPointF()).y(),
+              find("progress")->mapToScene(QPointF(0, find("progress")->height())).y());
+    QGuiApplication::setFont(usual);
 }
 
 TEST_F(OnboardingKeyboardTest, SpaceThrowsTheSwitchForTheLogin) {
