@@ -1,0 +1,71 @@
+#!/usr/bin/python3
+"""The settings' window as a person meets it."""
+
+import json
+import os
+import subprocess
+import sys
+import unittest
+
+from desktop import Agent, Desktop, within
+
+VANTREL = os.environ["VANTREL"]
+
+
+class PreferencesTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.desktop.start_bus()
+        self.desktop.move_pointer(5, 5)
+        self.agent = Agent(self.desktop, VANTREL)
+
+    def window(self):
+        return self.desktop.windows(name="^Vantrel$")
+
+    def has_keyboard(self):
+        name = self.desktop.ask("xdotool", "getactivewindow", "getwindowname")
+        return name.decode().strip() == "Vantrel"
+
+    def ask(self, verb):
+        """Whether the agent took the verb; it does not before it has come up."""
+        return subprocess.run([*self.agent.command, verb], env=self.desktop.environment,
+                              timeout=30, check=False).returncode == 0
+
+    def open(self):
+        within(20, lambda: self.ask("preferences"), "the agent takes the verb")
+        within(20, self.window, "the window is shown")
+        within(10, self.has_keyboard, "it has the keyboard")
+
+    def area(self):
+        shell = self.desktop.ask("xdotool", "getwindowgeometry", "--shell", self.window()[0]).decode()
+        place = dict(line.split("=") for line in shell.splitlines())
+        left, top = int(place["X"]), int(place["Y"])
+        return left, top, left + int(place["WIDTH"]), top + int(place["HEIGHT"])
+
+    def stored(self, name):
+        settings = json.loads((self.agent.profile / "settings.json").read_text())
+        return settings.get(f"Vantrel.{name}")
+
+    def go_to_the_takeover_page(self):
+        self.desktop.press("Home")
+        self.desktop.press("Down")
+        self.desktop.press("Down")
+
+    def test_a_setting_is_changed_by_keyboard_and_the_window_comes_back_as_it_was(self):
+        self.open()
+        left, top, right, bottom = self.area()
+        self.assertEqual([right - left, bottom - top], [880, 600])
+        self.go_to_the_takeover_page()
+        self.desktop.press("Tab")
+        self.desktop.press_until("Right", lambda: self.stored("leadTimeSeconds") == 300,
+                                 "the lead time is at its end")
+        self.desktop.press("Escape")
+        within(10, lambda: not self.window(), "the window is gone")
+        self.assertIsNone(self.agent.process.poll())
+        self.open()
+        self.desktop.press_until("Home", lambda: self.stored("leadTimeSeconds") == 0,
+                                 "the page and the keyboard's place were kept")
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], "-v", *sys.argv[1:]])
