@@ -9,7 +9,9 @@ Column {
     required property AppearanceTabModel viewModel
 
     readonly property var offers: root.viewModel.themes
-    readonly property real cardWidth: (root.width - 12) / 2
+    // Side by side where a card has room for its words.
+    readonly property int columnCount: root.width < 36 * Typography.size(0) ? 1 : 2
+    readonly property real cardWidth: (root.width - 12 * (root.columnCount - 1)) / root.columnCount
 
     spacing: 12
 
@@ -27,8 +29,8 @@ Column {
         Accessible.name: qsTr("Appearance")
         Keys.onLeftPressed: root.pick(root.viewModel.selected - 1)
         Keys.onRightPressed: root.pick(root.viewModel.selected + 1)
-        Keys.onUpPressed: root.pick(root.viewModel.selected - 2)
-        Keys.onDownPressed: root.pick(root.viewModel.selected + 2)
+        Keys.onUpPressed: root.pick(root.viewModel.selected - root.columnCount)
+        Keys.onDownPressed: root.pick(root.viewModel.selected + root.columnCount)
 
         Flow {
             id: grid

@@ -13,6 +13,7 @@ Row {
 
     CardTitle {
         anchors.verticalCenter: parent.verticalCenter
+        width: Math.max(implicitWidth, Math.round(3 * Typography.size(0)))
         font: Typography.reading(Typography.size(0), Font.Medium)
         text: root.title
     }

@@ -18,7 +18,7 @@ Column {
 
     Flow {
         width: parent.width
-        spacing: 24
+        spacing: 12
 
         TimeField {
             objectName: "start"
