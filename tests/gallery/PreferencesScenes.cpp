@@ -31,11 +31,12 @@ struct Variant {
     PreferencesTab tab;
     std::function<void(ShownPreferences &)> prepare = [](ShownPreferences &) {};
     QSize size = {880, 600};
+    QString kind = QStringLiteral("preferences");
 };
 
 Scene scene(Theme theme, const QString &language, const Variant &variant) {
     Scene made;
-    made.name = QStringLiteral("preferences-%1-%2-%3").arg(rawValue(theme), language, variant.name);
+    made.name = QStringList{variant.kind, rawValue(theme), language, variant.name}.join(u'-');
     made.show = [=](const std::function<void(Stage &)> &look) {
         fakes::InMemoryUserDefaults defaults;
         ShownPreferences shown(defaults, QLocale(language));
@@ -91,7 +92,7 @@ std::vector<Scene> preferencesScenes() {
         for (const char *language : {"de", "ar"})
             scenes.push_back(scene(Theme::hearth, QString::fromLatin1(language), variant));
         Variant least = variant;
-        least.name += QStringLiteral("-least");
+        least.kind = QStringLiteral("preferences-least");
         least.size = {640, 440};
         scenes.push_back(scene(Theme::hearth, QStringLiteral("en"), least));
     }

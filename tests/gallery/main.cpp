@@ -1,6 +1,8 @@
 #include "Scenes.h"
 #include "Stage.h"
 
+#include <app/Wording.h>
+
 #include <QCommandLineParser>
 #include <QCursor>
 #include <QDir>
@@ -67,6 +69,7 @@ int show(const std::vector<Scene> &scenes, const QStringList &only) {
 int main(int argc, char **argv) {
     Stage::prepare();
     const QGuiApplication application(argc, argv);
+    vantrel::installWording();
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows the views of Vantrel on stand-in services."));
