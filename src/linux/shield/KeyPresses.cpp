@@ -4,6 +4,8 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 namespace vantrel {
 
 namespace {
@@ -29,15 +31,25 @@ xcb_keycode_t keycode(const QKeyEvent &event) {
 } // namespace
 
 std::optional<KeyPress> KeyPresses::press(const QKeyEvent &event) {
+    noteFocus();
     if (isRepeat(event) || (m_keyboard && m_keyboard->wasDownBefore(keycode(event))))
         return std::nullopt;
-    if (m_keyboard && m_keyboard->isTypedAhead())
+    if (isTypedAhead())
         return std::nullopt;
     return KeyPress{keyOf(event), charactersIgnoringModifiers(event)};
 }
 
 bool KeyPresses::isClickedAhead() const {
-    return m_keyboard && m_keyboard->isClickedAhead();
+    return m_keyboard ? m_keyboard->isClickedAhead() : m_guard.takesClick(m_queue->uptime());
+}
+
+bool KeyPresses::isTypedAhead() {
+    return m_keyboard ? m_keyboard->isTypedAhead() : m_guard.takesKey(m_queue->uptime());
+}
+
+void KeyPresses::noteFocus() {
+    if (m_queue && !std::exchange(m_hasHadFocus, true))
+        m_guard.begin(m_queue->uptime(), Seconds::zero());
 }
 
 bool KeyPresses::release(const QKeyEvent &event) {

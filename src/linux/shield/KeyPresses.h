@@ -1,5 +1,8 @@
 #pragma once
 
+#include "TypingGuard.h"
+
+#include <platform/MainQueue.h>
 #include <platform/ShieldingPanels.h>
 
 #include <QtGlobal>
@@ -17,9 +20,16 @@ class X11Keyboard;
 /// as it came up.
 class KeyPresses {
 public:
-    /// `keyboard` is null off X11, where a compositor tells a window of no key that was down
-    /// before; otherwise it must outlive this object.
-    explicit KeyPresses(X11Keyboard *keyboard) : m_keyboard(keyboard) {}
+    /// On X11. `keyboard` must outlive this object.
+    explicit KeyPresses(X11Keyboard &keyboard) : m_keyboard(&keyboard) {}
+
+    /// Elsewhere: a compositor tells a window of no key that was down before, but neither how long
+    /// ago the last one was, so that everyone counts as busy. `queue` must outlive this object.
+    KeyPresses(MainQueue &queue, const TypingGuard &guard) : m_queue(&queue), m_guard(guard) {}
+
+    /// The panel has the keyboard. On X11 that is known before the window's event tells; on
+    /// Wayland the first key may come ahead of it.
+    void noteFocus();
 
     /// Whether a click that comes in now is none of the panel's.
     [[nodiscard]] bool isClickedAhead() const;
@@ -31,10 +41,14 @@ public:
     [[nodiscard]] bool release(const QKeyEvent &event);
 
 private:
+    [[nodiscard]] bool isTypedAhead();
     [[nodiscard]] bool isRepeat(const QKeyEvent &event) const;
     [[nodiscard]] QString charactersIgnoringModifiers(const QKeyEvent &event) const;
 
-    X11Keyboard *m_keyboard;
+    X11Keyboard *m_keyboard = nullptr;
+    MainQueue *m_queue = nullptr; ///< Null on X11, and used nowhere there.
+    TypingGuard m_guard;
+    bool m_hasHadFocus = false;
     quint32 m_releasedKey = 0;
     quint64 m_releaseTime = 0;
 };

@@ -31,6 +31,9 @@ bool PanelEvents::isSwallowed(QEvent &event) {
     if (m_role == PanelRole::echo)
         return event.isInputEvent();
     switch (event.type()) {
+    case QEvent::FocusIn:
+        m_presses.noteFocus();
+        return false;
     case QEvent::KeyPress: {
         const auto press = m_presses.press(static_cast<QKeyEvent &>(event));
         return !press || m_listener(*press);

@@ -17,8 +17,10 @@ namespace vantrel {
 
 QtShieldingPanels::QtShieldingPanels(MainQueue &queue, ViewEngine &engine, const LayerShell &shell,
                                      const TypingGuard &guard)
-    : m_engine(engine),
+    : m_queue(queue),
+      m_engine(engine),
       m_layerShell(shell),
+      m_guard(guard),
       m_shield(X11Shield::isAvailable() ? std::make_unique<X11Shield>(queue, guard) : nullptr) {}
 
 QtShieldingPanels::~QtShieldingPanels() {
@@ -37,9 +39,9 @@ std::unique_ptr<ShieldingPanel> QtShieldingPanels::makePanel(const Screen &scree
         makePanelWindow(m_engine, content, QtShieldingPanel::frameOver(*monitor).size());
     window->setTitle(QStringLiteral("Vantrel takeover"));
     m_windows.emplace_back(window.get());
-    auto *events =
-        new PanelEvents(*window, role, KeyPresses(m_shield ? &m_shield->keyboard() : nullptr),
-                        [this](const KeyPress &press) { return hear(press); });
+    auto *events = new PanelEvents(
+        *window, role, m_shield ? KeyPresses(m_shield->keyboard()) : KeyPresses(m_queue, m_guard),
+        [this](const KeyPress &press) { return hear(press); });
     if (m_layerShell.isOffered())
         return std::make_unique<LayerPanel>(m_layerShell, std::move(window), *events, *monitor,
                                             role);

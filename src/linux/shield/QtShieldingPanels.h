@@ -44,8 +44,10 @@ public:
 private:
     [[nodiscard]] bool hear(const KeyPress &press);
 
+    MainQueue &m_queue;
     ViewEngine &m_engine;
     const LayerShell &m_layerShell;
+    const TypingGuard m_guard;
     std::unique_ptr<X11Shield> m_shield; ///< Null off X11.
     std::vector<std::weak_ptr<KeyHandler>> m_handlers;
     std::vector<QPointer<QWindow>> m_windows; ///< All that were made; null the ones deleted since.
