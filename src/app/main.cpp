@@ -174,6 +174,7 @@ int runAgent(int &argc, char **argv, const RunAgent &command) {
         return *end;
     const TerminationSignals termination(&endProgram);
     JsonUserDefaults defaults(settingsFile(command.profile));
+    defaults.follow(queue);
     PreferencesStore preferences(defaults);
     const LayerShell layerShell;
     const DesktopClock clock;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Published.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -14,6 +16,10 @@ namespace vantrel {
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
+
+    /// What is stored was changed by somebody else, in the file itself say. Announced from the
+    /// event loop, or at the end of a call that changes something.
+    Announcer<> changedOutside;
 
     /// Whether anything at all is stored under the key.
     [[nodiscard]] virtual bool hasObject(const QString &key) const = 0;

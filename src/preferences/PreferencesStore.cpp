@@ -106,12 +106,37 @@ PreferencesStore::PreferencesStore(UserDefaults &defaults)
       m_shortcutOnJoin(loadShortcutOnJoin(defaults)),
       m_selectedTheme(loadSelectedTheme(defaults)),
       m_snoozeDurationMinutes(IntegerSetting::snoozeDurationMinutes.load(defaults)),
-      m_autoCloseSeconds(IntegerSetting::autoCloseSeconds.load(defaults)) {}
+      m_autoCloseSeconds(IntegerSetting::autoCloseSeconds.load(defaults)),
+      m_changesOutside(defaults.changedOutside.subscribe([this] { loadAgain(); })) {}
+
+void PreferencesStore::loadAgain() {
+    publishChange(m_selectedCalendarIDs, loadSelectedCalendarIDs(m_defaults));
+    publishChange(m_leadTimeSeconds, IntegerSetting::leadTimeSeconds.load(m_defaults));
+    publishChange(m_joinTarget, loadJoinTarget(m_defaults));
+    publishChange(m_isPaused, m_defaults.boolean(isPausedKey));
+    publishChange(m_workHoursEnabled, m_defaults.boolean(workHoursEnabledKey));
+    publishChange(m_workHoursStartMinute, IntegerSetting::workHoursStartMinute.load(m_defaults));
+    publishChange(m_workHoursEndMinute, IntegerSetting::workHoursEndMinute.load(m_defaults));
+    publishChange(m_workHoursWeekdays, loadWorkHoursWeekdays(m_defaults));
+    publishChange(m_showNextMeetingInMenuBar, loadShowNextMeetingInMenuBar(m_defaults));
+    publishChange(m_menuBarUpcomingHorizonMinutes,
+                  IntegerSetting::menuBarUpcomingHorizonMinutes.load(m_defaults));
+    publishChange(m_shortcutOnJoin, loadShortcutOnJoin(m_defaults));
+    publishChange(m_selectedTheme, loadSelectedTheme(m_defaults));
+    publishChange(m_snoozeDurationMinutes, IntegerSetting::snoozeDurationMinutes.load(m_defaults));
+    publishChange(m_autoCloseSeconds, IntegerSetting::autoCloseSeconds.load(m_defaults));
+}
 
 template <typename T>
 void PreferencesStore::publish(Published<T> &member, const T &value) {
     willChange.announce();
     member.set(value);
+}
+
+template <typename T>
+void PreferencesStore::publishChange(Published<T> &member, const T &value) {
+    if (value != member.value())
+        publish(member, value);
 }
 
 void PreferencesStore::assign(Published<std::int64_t> &member, const IntegerSetting &setting,

@@ -17,6 +17,8 @@ namespace vantrel {
 /// The one place where the user's settings live. Every assignment is announced, stored and written
 /// through to the defaults at once. Main thread only; subscribers are called synchronously.
 ///
+/// What somebody else changes in the defaults is announced and stored as it stands there, too.
+///
 /// Values are taken from the defaults as they stand there; a range is enforced only on assignment.
 /// A value beyond its range is announced and stored, and at once assigned anew with the nearest
 /// bound; only that one is written.
@@ -144,8 +146,12 @@ public:
 private:
     struct IntegerSetting;
 
+    void loadAgain();
+
     template <typename T>
     void publish(Published<T> &member, const T &value);
+    template <typename T>
+    void publishChange(Published<T> &member, const T &value);
     void assign(Published<std::int64_t> &member, const IntegerSetting &setting, std::int64_t value);
 
     UserDefaults &m_defaults;
@@ -163,6 +169,7 @@ private:
     Published<Theme> m_selectedTheme;
     Published<std::int64_t> m_snoozeDurationMinutes;
     Published<std::int64_t> m_autoCloseSeconds;
+    Subscription m_changesOutside;
 };
 
 } // namespace vantrel

@@ -89,6 +89,15 @@ class ActivationTest(unittest.TestCase):
         within(10, self.agent.opened_url, "the link was opened")
         self.assertEqual(self.agent.counts()["rescuesFromTakeover"], 1)
 
+    def test_takes_over_what_is_edited_in_the_settings_file(self):
+        file = self.agent.profile / "settings.json"
+        settings = json.loads(file.read_text())
+        file.write_text(json.dumps({**settings, "Vantrel.isPaused": True, "another": 1}))
+        self.panel.item(icon=OUTLINE)
+        self.assertEqual(self.start_again("resume"), 0)
+        self.panel.item(icon=FULL)
+        self.assertEqual(json.loads(file.read_text())["another"], 1)
+
     def status(self):
         return json.loads(subprocess.run(
             [*self.agent.command, "status", "--json"], env=self.desktop.environment, timeout=30,

@@ -30,7 +30,29 @@ std::int64_t truncated(double number) {
 
 } // namespace
 
-JsonUserDefaults::JsonUserDefaults(const QString &path) : m_file(path), m_objects(m_file.load()) {}
+JsonUserDefaults::JsonUserDefaults(const QString &path)
+    : m_path(path), m_file(path), m_objects(m_file.load()), m_onDisk(m_objects) {}
+
+void JsonUserDefaults::follow(MainQueue &queue) {
+    m_watch = std::make_unique<SettingsWatch>(queue, m_path, [this] { look(); });
+    look();
+}
+
+/// Answers whether somebody else has changed the file.
+bool JsonUserDefaults::takeOver() {
+    const auto object = m_file.loadAgain();
+    if (!object || *object == m_onDisk)
+        return false;
+    m_objects = *object;
+    m_onDisk = *object;
+    m_isSaved = true;
+    return true;
+}
+
+void JsonUserDefaults::look() {
+    if (takeOver())
+        changedOutside.announce();
+}
 
 QString JsonUserDefaults::defaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -115,13 +137,20 @@ void JsonUserDefaults::removeObject(const QString &key) {
 /// Removes the key when the value is undefined. What is on the disk already is not written again;
 /// after a failure the whole state is.
 void JsonUserDefaults::store(const QString &key, const QJsonValue &value) {
-    if (m_objects.value(key) == value && m_isSaved)
-        return;
-    if (value.isUndefined())
-        m_objects.remove(key);
-    else
-        m_objects.insert(key, value);
-    m_isSaved = m_file.save(m_objects);
+    // What somebody has written and nobody has told of yet would be lost.
+    const bool isChangedOutside = m_watch && takeOver();
+    if (m_objects.value(key) != value || !m_isSaved) {
+        if (value.isUndefined())
+            m_objects.remove(key);
+        else
+            m_objects.insert(key, value);
+        m_isSaved = m_file.save(m_objects);
+        if (m_isSaved)
+            m_onDisk = m_objects;
+    }
+    // Last: whoever reads anew finds the value that is being set.
+    if (isChangedOutside)
+        changedOutside.announce();
 }
 
 } // namespace vantrel

@@ -105,24 +105,40 @@ void makeFolder(const QString &folder) {
 SettingsFile::SettingsFile(QString path) : m_path(std::move(path)) {}
 
 QJsonObject SettingsFile::load() {
+    QJsonObject object;
+    if (const auto error = read(object))
+        qCCritical(userDefaultsLog).noquote()
+            << "Cannot read the settings" << m_path + QLatin1Char(':') << *error;
+    return object;
+}
+
+std::optional<QJsonObject> SettingsFile::loadAgain() {
+    QJsonObject object;
+    const bool isThere = QFileInfo::exists(m_path);
+    return !read(object) && isThere ? std::optional(object) : std::nullopt;
+}
+
+/// Answers what went wrong. Without a file there is nothing to read.
+std::optional<QString> SettingsFile::read(QJsonObject &object) {
+    m_isUnreadable = false;
     std::error_code code;
     const auto status = std::filesystem::status(m_path.toStdU16String(), code);
     if (status.type() == std::filesystem::file_type::not_found)
-        return {};
+        return std::nullopt;
     QFile file;
     std::optional<QString> error = open(file, m_path);
     if (!error) {
         QJsonParseError parseError;
         const QJsonDocument document = QJsonDocument::fromJson(file.read(largestFile), &parseError);
-        if (document.isObject())
-            return document.object();
+        if (document.isObject()) {
+            object = document.object();
+            return std::nullopt;
+        }
         error = document.isNull() ? parseError.errorString()
                                   : QStringLiteral("the top level is no object");
     }
     m_isUnreadable = true;
-    qCCritical(userDefaultsLog).noquote()
-        << "Cannot read the settings" << m_path + QLatin1Char(':') << *error;
-    return {};
+    return error;
 }
 
 bool SettingsFile::save(const QJsonObject &object) {

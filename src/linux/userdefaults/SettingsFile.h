@@ -19,12 +19,17 @@ public:
     /// nothing on the disk.
     [[nodiscard]] QJsonObject load();
 
+    /// What the file holds by now; empty when there is no file, or when it is no object, which it
+    /// may be while somebody writes it.
+    [[nodiscard]] std::optional<QJsonObject> loadAgain();
+
     /// Makes the folder when it is missing. A file that could not be read is kept as
     /// `<path>.unreadable` first; where that is not possible, nothing is saved. Answers whether the
     /// object is on the disk; the first failure after a success is logged.
     bool save(const QJsonObject &object);
 
 private:
+    [[nodiscard]] std::optional<QString> read(QJsonObject &object);
     [[nodiscard]] std::optional<QString> keepAside() const;
     [[nodiscard]] std::optional<QString> write(const QJsonObject &object);
 
