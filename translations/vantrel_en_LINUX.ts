@@ -54,6 +54,10 @@
         <source>A minute before each meeting, Tobble takes over your screen and brings you to it — unmissable, but warm. Calendar data stays on your Mac.</source>
         <translation>A minute before each meeting, Tobble takes over your screen and brings you to it — unmissable, but warm. Calendar data stays on your computer.</translation>
     </message>
+    <message>
+        <source>No backend, no cloud, no telemetry. Your calendar never leaves this Mac.</source>
+        <translation>No backend, no cloud, no telemetry. Your calendar never leaves this computer.</translation>
+    </message>
 </context>
 <context>
     <name>vantrel::GeneralTabModel</name>

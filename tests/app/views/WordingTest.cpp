@@ -1,5 +1,6 @@
 #include <app/Wording.h>
 #include <fakes/InMemoryUserDefaults.h>
+#include <onboarding/OnboardingContents.h>
 #include <preferences/PreferencesContents.h>
 
 #include <QCoreApplication>
@@ -7,11 +8,12 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 
+#include <gallery/ShownFirstRun.h>
 #include <gallery/ShownPreferences.h>
 #include <gallery/Stage.h>
 #include <gmock/gmock.h>
 
-#include <optional>
+#include <variant>
 #include <vector>
 
 namespace vantrel {
@@ -20,8 +22,8 @@ namespace {
 using ::testing::IsEmpty;
 
 struct Replaced {
-    /// The page of the preferences that shows it; without one, a page of the first run does.
-    std::optional<PreferencesTab> page;
+    /// Of the preferences, or of the first run.
+    std::variant<PreferencesTab, OnboardingStep> page;
     const char *source;
     const char *shown;
 };
@@ -33,12 +35,12 @@ const std::vector<Replaced> replaced{
      "hours, theme. Login Items state stays the way you set it in System Settings.",
      "Clears every setting Tobble remembers — calendar selection, lead time, snooze duration, work "
      "hours, theme. Whether Vantrel starts at login stays the way you set it."},
-    {std::nullopt,
+    {OnboardingStep::calendar,
      "macOS will ask once for permission to read your calendar. Tobble needs this to know when "
      "your meetings start. Your calendar never leaves this Mac — there's no backend.",
      "Vantrel will ask once for permission to read your calendar. Tobble needs this to know when "
      "your meetings start. Your calendar never leaves this computer — there's no backend."},
-    {std::nullopt,
+    {OnboardingStep::calendar,
      "If macOS doesn't prompt (e.g. you previously declined), open System Settings → Privacy & "
      "Security → Calendars and enable Vantrel.",
      "If Vantrel doesn't ask (e.g. a policy of this computer bars access), whoever looks after it "
@@ -63,11 +65,14 @@ const std::vector<Replaced> replaced{
      "Shortcuts run on your Mac. Nothing about your meeting or the shortcut leaves the device.",
      "Shortcuts run on your computer. Nothing about your meeting or the shortcut leaves the "
      "device."},
-    {std::nullopt,
+    {OnboardingStep::welcome,
      "A minute before each meeting, Tobble takes over your screen and brings you to it — "
      "unmissable, but warm. Calendar data stays on your Mac.",
      "A minute before each meeting, Tobble takes over your screen and brings you to it — "
      "unmissable, but warm. Calendar data stays on your computer."},
+    {OnboardingStep::welcome,
+     "No backend, no cloud, no telemetry. Your calendar never leaves this Mac.",
+     "No backend, no cloud, no telemetry. Your calendar never leaves this computer."},
     {PreferencesTab::general,
      "Couldn't update Login Items: ", "Couldn't change what starts at login: "},
 };
@@ -87,7 +92,23 @@ protected:
         shown.model.general()->setStartedAtLogin(true);
         shown.model.general()->setShowShortcutDetails(true);
         shown.model.select(page);
-        gallery::Stage stage(preferencesContent(shown.model), {880, 600});
+        return textsOn(preferencesContent(shown.model), {880, 600});
+    }
+
+    /// The same of a step of the first run.
+    static QString textsOf(OnboardingStep step) {
+        gallery::ShownFirstRun run(Theme::hearth);
+        run.goTo(step);
+        return textsOn(onboardingContent(run.viewModel), {660, 640});
+    }
+
+    static QString textsOf(const Replaced &text) {
+        return std::visit([](auto page) { return textsOf(page); }, text.page);
+    }
+
+private:
+    static QString textsOn(const ViewContent &content, QSize size) {
+        gallery::Stage stage(content, size);
         stage.show();
         QStringList texts;
         for (const QQuickItem *item : gallery::withDescendants(stage.root())) {
@@ -117,29 +138,26 @@ TEST_F(WordingTest, TheCatalogueReplacesJustTheseTexts) {
     EXPECT_EQ(found, expected);
 }
 
-TEST_F(WordingTest, ThePreferencesSpeakOfThisPlatform) {
+TEST_F(WordingTest, EveryWindowSpeaksOfThisPlatform) {
     installWording();
+    QStringList read;
     for (const Replaced &text : replaced) {
-        if (!text.page)
-            continue;
-        const QString read = textsOf(*text.page);
-        EXPECT_TRUE(read.contains(QString::fromUtf8(text.shown))) << text.shown;
-        EXPECT_FALSE(read.contains(QString::fromUtf8(text.source))) << text.source;
+        const QString shown = textsOf(text);
+        EXPECT_TRUE(shown.contains(QString::fromUtf8(text.shown))) << text.shown;
+        EXPECT_FALSE(shown.contains(QString::fromUtf8(text.source))) << text.source;
     }
-    for (const PreferencesTab page : allPreferencesTabs) {
-        const QString read = textsOf(page);
-        for (const char *foreign : {"macOS", "Mac ", "your Mac", "System Settings", "Login Items"})
-            EXPECT_FALSE(read.contains(QLatin1String(foreign))) << foreign;
-    }
+    for (const PreferencesTab page : allPreferencesTabs)
+        read += textsOf(page);
+    for (const OnboardingStep step : allOnboardingSteps)
+        read += textsOf(step);
+    for (const char *foreign :
+         {"macOS", "Mac ", "your Mac", "this Mac", "System Settings", "Login Items"})
+        EXPECT_FALSE(read.join(u'\n').contains(QLatin1String(foreign))) << foreign;
 }
 
 TEST_F(WordingTest, WithoutTheCatalogueTheTextsAreTheSources) {
-    for (const Replaced &text : replaced) {
-        if (text.page) {
-            EXPECT_TRUE(textsOf(*text.page).contains(QString::fromUtf8(text.source)))
-                << text.source;
-        }
-    }
+    for (const Replaced &text : replaced)
+        EXPECT_TRUE(textsOf(text).contains(QString::fromUtf8(text.source))) << text.source;
 }
 
 } // namespace
