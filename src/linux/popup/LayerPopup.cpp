@@ -66,6 +66,7 @@ void LayerPopup::show(const PopupPlace &place) {
         return;
     }
     m_isShown = true;
+    followDesktop(*m_item, m_content);
     m_scene.push(*this);
     if (m_listener.didShow)
         PopupListener(m_listener).didShow();

@@ -88,6 +88,7 @@ void QtPopup::show(const PopupPlace &place) {
             PopupListener(m_listener).didShow();
         if (!living || !m_isShown)
             return;
+        followDesktop(*m_item, m_content);
     }
     m_window->setScreen(m_screen);
     setCorners(*m_item, x11::isBlended() ? Corners::round : Corners::square);

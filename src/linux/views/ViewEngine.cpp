@@ -23,10 +23,14 @@ void logErrors(const QList<QQmlError> &errors) {
         qCWarning(viewLog).noquote() << error.toString();
 }
 
+bool followsMotion(const QQuickItem &item, const ViewContent &content) {
+    return item.metaObject()->indexOfProperty(reducedMotion.data()) >= 0 &&
+           !content.properties.contains(reducedMotion);
+}
+
 QVariantMap propertiesFor(const QQuickItem &item, const ViewContent &content) {
     QVariantMap properties = content.properties;
-    if (item.metaObject()->indexOfProperty(reducedMotion.data()) >= 0 &&
-        !properties.contains(reducedMotion))
+    if (followsMotion(item, content))
         properties.insert(reducedMotion, DesktopSettings::ofServer().isMotionReduced());
     return properties;
 }
@@ -90,6 +94,11 @@ std::unique_ptr<QQuickItem> ViewEngine::makeItem(const ViewContent &content, QQu
         return nullptr;
     }
     return item;
+}
+
+void followDesktop(QQuickItem &item, const ViewContent &content) {
+    if (followsMotion(item, content))
+        item.setProperty(reducedMotion.data(), DesktopSettings::ofServer().isMotionReduced());
 }
 
 } // namespace vantrel

@@ -43,4 +43,8 @@ private:
     std::unique_ptr<QQmlEngine> m_engine;
 };
 
+/// For an item that is about to be shown once more: tells it whether the desktop wants nothing to
+/// move, as it is at this moment.
+void followDesktop(QQuickItem &item, const ViewContent &content);
+
 } // namespace vantrel

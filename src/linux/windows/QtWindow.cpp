@@ -27,6 +27,7 @@ QtWindow::~QtWindow() = default;
 void QtWindow::show() {
     if (!m_window && !makeWindow())
         return;
+    followDesktop(*m_item, m_content);
     if (m_window->windowStates() & Qt::WindowMinimized)
         m_window->showNormal();
     m_window->show();

@@ -1,5 +1,7 @@
 #include "PopupTest.h"
 
+#include <desktop/SettingsDaemon.h>
+
 namespace vantrel::tests {
 namespace {
 
@@ -184,6 +186,15 @@ TEST_P(PopupTest, HasSquareCornersWhereNothingBlendsWindows) {
     popup->close();
     show(*popup, place);
     EXPECT_EQ(card(*window).property("cornerRadius").toInt(), 16);
+}
+
+TEST_P(PopupTest, MovesNothingFromTheNextTimeOnOnceTheDesktopAsksForIt) {
+    const QQuickWindow *window = show(*popup, place);
+    EXPECT_FALSE(card(*window).property("reducedMotion").toBool());
+    const SettingsDaemon daemon(program(), SettingsList().number("Gtk/EnableAnimations", 0).data());
+    popup->close();
+    show(*popup, place);
+    EXPECT_TRUE(card(*window).property("reducedMotion").toBool());
 }
 
 TEST_P(PopupTest, ShowsNothingOfAContentThatCannotBeMade) {

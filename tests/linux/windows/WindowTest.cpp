@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include <desktop/Desktop.h>
+#include <desktop/SettingsDaemon.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -53,6 +54,17 @@ TEST_F(WindowTest, StandsInTheMiddleOfTheScreenWithThePointerAtItsSize) {
     EXPECT_EQ(shown.title(), u"A Title");
     const QPoint middle = shown.screen()->availableGeometry().center();
     EXPECT_LE((shown.frameGeometry().center() - middle).manhattanLength(), 60);
+}
+
+TEST_F(WindowTest, MovesNothingFromTheNextTimeOnOnceTheDesktopAsksForIt) {
+    const auto window = make();
+    const QQuickWindow &shown = show(*window);
+    EXPECT_FALSE(page(shown).property("reducedMotion").toBool());
+    const SettingsDaemon daemon(desktop.program(),
+                                SettingsList().number("Gtk/EnableAnimations", 0).data());
+    window->hide();
+    show(*window);
+    EXPECT_TRUE(page(shown).property("reducedMotion").toBool());
 }
 
 TEST_F(WindowTest, FillsTheWindowWithItsContentAtEverySize) {

@@ -6,6 +6,7 @@ Rectangle {
 
     property QtObject listener: null
     property real cornerRadius: -1
+    property bool reducedMotion: false
     property string typed: ""
     property int clicks: 0
 

@@ -4,6 +4,7 @@ import QtQuick
 Rectangle {
     id: root
 
+    property bool reducedMotion: false
     property string typed: ""
 
     color: "#008000"
