@@ -7,6 +7,7 @@ FocusScope {
     id: root
 
     required property PopoverModel viewModel
+    required property bool reducedMotion
     readonly property real contentHeight: list.contentHeight + list.topMargin + list.bottomMargin
 
     activeFocusOnTab: !root.viewModel.isEmpty
@@ -21,11 +22,12 @@ FocusScope {
         bottomMargin: 10
         boundsBehavior: Flickable.StopAtBounds
         currentIndex: -1
-        highlightMoveDuration: 120
+        highlightMoveDuration: root.reducedMotion ? 0 : 120
         // A row that is gone to comes out from beneath the day that stays at the top.
         highlightRangeMode: ListView.ApplyRange
         preferredHighlightBegin: dayMeasure.implicitHeight
-        preferredHighlightEnd: list.height
+        // A height that the list itself gets only once it is shown is not followed here.
+        preferredHighlightEnd: root.height
         keyNavigationEnabled: false
         model: root.viewModel.rows
         section.property: "section"
@@ -79,6 +81,7 @@ FocusScope {
     }
 
     Rectangle {
+        objectName: "scrollBar"
         anchors.right: parent.right
         anchors.rightMargin: 3
         visible: list.visibleArea.heightRatio < 1
@@ -89,7 +92,10 @@ FocusScope {
         opacity: list.moving ? 0.45 : 0.18
         color: root.ThemePaletteKey.palette.primaryText
 
-        Behavior on opacity { NumberAnimation { duration: 180 } }
+        Behavior on opacity {
+            enabled: !root.reducedMotion
+            NumberAnimation { duration: 180 }
+        }
     }
 
     function goTo(row: int) {

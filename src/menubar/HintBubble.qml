@@ -29,7 +29,7 @@ Rectangle {
     SequentialAnimation on opacity {
         PropertyAction { value: 0 }
         PauseAnimation { duration: 500 }
-        NumberAnimation { to: 1; duration: 120; easing.type: Easing.OutCubic }
+        PropertyAction { value: 1 }
     }
 
     Text {

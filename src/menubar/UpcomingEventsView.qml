@@ -71,6 +71,7 @@ FocusScope {
         transform: Translate { y: 8 * (1 - root.arrival) }
         focus: true
         viewModel: root.viewModel
+        reducedMotion: root.reducedMotion
     }
 
     EmptyDays {
