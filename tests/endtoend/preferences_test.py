@@ -8,6 +8,7 @@ import sys
 import unittest
 
 from desktop import Agent, Desktop, within
+from screen_reader import ScreenReader
 
 VANTREL = os.environ["VANTREL"]
 
@@ -17,6 +18,7 @@ class PreferencesTest(unittest.TestCase):
         self.desktop = self.enterContext(Desktop())
         self.desktop.start_bus()
         self.desktop.move_pointer(5, 5)
+        self.reader = self.enterContext(ScreenReader(self.desktop.environment))
         self.agent = Agent(self.desktop, VANTREL)
 
     def window(self):
@@ -65,6 +67,24 @@ class PreferencesTest(unittest.TestCase):
         self.open()
         self.desktop.press_until("Home", lambda: self.stored("leadTimeSeconds") == 0,
                                  "the page and the keyboard's place were kept")
+
+    def test_a_screen_reader_finds_the_pages_and_their_controls(self):
+        self.open()
+        for page in ["Calendars", "General", "Takeover", "Event Filters", "Menu Bar", "Appearance",
+                     "About"]:
+            within(10, lambda: self.reader.element("page tab", page), f"there is the page {page}")
+        self.assertTrue(self.reader.press("page tab", "Takeover"))
+        within(10, lambda: self.reader.element("slider", "Bring me to meetings"), "the page is open")
+        self.assertEqual(self.reader.element("slider", "Bring me to meetings")["description"],
+                         "1 min before")
+        self.assertTrue(self.reader.element("spin button", "Snooze duration"))
+        self.assertTrue(self.reader.press("page tab", "Menu Bar"))
+        toggle = ("check box", "Show next meeting beside the icon")
+        within(10, lambda: self.reader.element(*toggle), "the next page is open")
+        self.assertIn("checked", self.reader.element(*toggle)["states"])
+        self.assertTrue(self.reader.press(*toggle))
+        within(10, lambda: self.stored("showNextMeetingInMenuBar") is False, "it is switched off")
+        self.assertNotIn("checked", self.reader.element(*toggle)["states"])
 
 
 if __name__ == "__main__":
