@@ -69,6 +69,7 @@ int show(const std::vector<Scene> &scenes, const QStringList &only) {
 int main(int argc, char **argv) {
     Stage::prepare();
     const QGuiApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VANTREL_VERSION));
     vantrel::installWording();
     QCommandLineParser parser;
     parser.setApplicationDescription(
