@@ -30,14 +30,21 @@ class OnboardingTest(unittest.TestCase):
     def active(self):
         return self.desktop.ask("xdotool", "getactivewindow", "getwindowname").decode().strip()
 
-    def step(self):
-        """How far the strip at the top of the window is filled; 0 while nothing is drawn."""
+    def place(self):
+        """Where the window begins; None without one."""
         windows = self.window()
         if not windows:
-            return 0
+            return None
         shell = self.desktop.ask("xdotool", "getwindowgeometry", "--shell", windows[0]).decode()
-        place = dict(line.split("=") for line in shell.splitlines())
-        left, top = int(place["X"]) + 32, int(place["Y"])
+        values = dict(line.split("=") for line in shell.splitlines())
+        return int(values["X"]), int(values["Y"])
+
+    def step(self):
+        """How far the strip at the top of the window is filled; 0 while nothing is drawn."""
+        place = self.place()
+        if not place:
+            return 0
+        left, top = place[0] + 32, place[1]
         picture = self.desktop.picture()
         width = 660 - 64
         filled = max(sum(alike(picture.getpixel((left + x, top + y)), ACCENT) for x in range(width))
@@ -99,6 +106,17 @@ class OnboardingTest(unittest.TestCase):
     def restart(self):
         self.desktop.end(self.agent.process)
         self.agent.start()
+
+    def test_is_moved_by_its_background(self):
+        self.wait_for_step(1)
+        left, top = self.place()
+        self.desktop.move_pointer(left + 600, top + 200)
+        self.desktop.ask("xdotool", "mousedown", "1")
+        for way in range(10, 101, 10):
+            self.desktop.move_pointer(left + 600 + way, top + 200 + way)
+        within(5, lambda: self.place() != (left, top), "it follows the pointer")
+        self.desktop.ask("xdotool", "mouseup", "1")
+        self.wait_for_step(1)
 
     def test_comes_again_until_it_is_finished_and_not_after(self):
         self.wait_for_step(1)
