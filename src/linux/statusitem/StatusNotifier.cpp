@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDBusPendingCall>
+#include <QDBusPendingReply>
 
 #include <utility>
 
@@ -14,6 +15,16 @@ namespace {
 int nextNumber() {
     static int last = 0;
     return ++last;
+}
+
+constexpr uint answerToOwner = 1; ///< The bus's, to the request of a name.
+
+/// Programs in sandboxes have process numbers of their own, so another one may have the name: the
+/// item is entered by the connection's name then.
+QString nameOfItem(int number) {
+    return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
+        .arg(QCoreApplication::applicationPid())
+        .arg(number);
 }
 
 } // namespace
@@ -27,6 +38,7 @@ StatusNotifier::StatusNotifier(MainQueue &queue, const SymbolArt &art, Listener 
       m_bus(queue, QStringLiteral("vantrel-status-item-%1").arg(m_number),
             {[this](const QDBusConnection &bus) { enter(bus); },
              [this] {
+                 m_naming.reset();
                  m_watcher.reset();
                  m_presence(false);
              }}) {}
@@ -36,12 +48,16 @@ void StatusNotifier::enter(QDBusConnection bus) {
                        QDBusConnection::ExportAdaptors);
     bus.registerObject(QLatin1String(NotifierObject::menuPath), &m_menu,
                        QDBusConnection::ExportAdaptors);
-    const QString name = QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
-                             .arg(QCoreApplication::applicationPid())
-                             .arg(m_number);
-    // The bus handles it before the entry with a watcher, which is sent later.
-    bus.asyncCall(requestOfName(name));
-    m_watcher = std::make_unique<WatcherLink>(m_queue, bus, name, m_presence);
+    const QString name = nameOfItem(m_number);
+    m_watcher.reset();
+    m_naming = std::make_unique<QDBusPendingCallWatcher>(bus.asyncCall(requestOfName(name)));
+    QObject::connect(m_naming.get(), &QDBusPendingCallWatcher::finished, m_naming.get(),
+                     [this, bus, name](QDBusPendingCallWatcher *request) {
+                         const QDBusPendingReply<uint> answer = *request;
+                         const bool isOwner = answer.isValid() && answer.value() == answerToOwner;
+                         m_watcher = std::make_unique<WatcherLink>(
+                             m_queue, bus, isOwner ? name : bus.baseService(), m_presence);
+                     });
 }
 
 } // namespace vantrel

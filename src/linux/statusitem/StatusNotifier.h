@@ -9,6 +9,7 @@
 #include <linux/sessionbus/SessionBusLink.h>
 
 #include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
 #include <QString>
 
 #include <functional>
@@ -46,7 +47,8 @@ private:
     NotifierObject m_item;
     MenuObject m_menu;
     SessionBusLink m_bus;
-    std::unique_ptr<WatcherLink> m_watcher; ///< While there is a bus.
+    std::unique_ptr<QDBusPendingCallWatcher> m_naming; ///< The request for the item's own name.
+    std::unique_ptr<WatcherLink> m_watcher; ///< While there is a bus that has answered it.
 };
 
 } // namespace vantrel

@@ -2,6 +2,8 @@
 
 #include <session/PrivateBus.h>
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -106,6 +108,22 @@ TEST_F(StatusItemTest, StandsBesideASecondItem) {
     other->setImage(text("pawprint"), text("Other"));
     panel.await(text("registered"));
     panel.awaitItem(text("title"), text("Other"));
+}
+
+TEST_F(StatusItemTest, IsEnteredByItsConnectionWhereAnotherProgramHasItsName) {
+    QDBusConnection stranger =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, text("stranger"));
+    // Items of this process are counted, so one of these numbers is the next one.
+    for (int number = 1; number <= 100; ++number)
+        stranger.interface()->registerService(
+            QStringLiteral("org.kde.StatusNotifierItem-%1-%2").arg(getpid()).arg(number));
+    Panel panel;
+    makeItem();
+    const QString service = panel.await(text("registered")).value(u"service").toString();
+    EXPECT_EQ(service.front(), u':');
+    EXPECT_NE(service, stranger.baseService());
+    panel.awaitItem(text("title"), text("Vantrel"));
+    QDBusConnection::disconnectFromBus(text("stranger"));
 }
 
 TEST_F(StatusItemTest, ShowsTheTitleAsLabelWithADotWhereTheHostHasLabels) {
