@@ -93,8 +93,9 @@ void DesktopStatusItem::activate(PointerButton button, const std::optional<QRect
 
 void DesktopStatusItem::click(const StatusItemClick &click) {
     later([this, click] {
-        if (m_listener.clicked)
-            m_listener.clicked(click);
+        // A copy: the listener may destroy the item, and itself with it.
+        if (const auto clicked = m_listener.clicked)
+            clicked(click);
     });
 }
 
