@@ -29,6 +29,7 @@ class Panel:
         self.items = {}
         self.watcher = Watcher(self.bus, self.added, self.removed)
         self.watcher.has_host = options.host == "now"
+        self.watcher.refuses = options.items == "refused"
         self.pending = b""
         GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, self.read)
         if options.start == "now":
@@ -111,5 +112,7 @@ if __name__ == "__main__":
                         help="later: waits for the command \"start\" before it takes its name")
     parser.add_argument("--host", choices=["now", "later"], default="now",
                         help="later: a watcher alone, which nobody shows the items of")
+    parser.add_argument("--items", choices=["entered", "refused"], default="entered",
+                        help="refused: answers an error to each item that registers")
     panel = Panel(parser.parse_args())
     panel.loop.run()

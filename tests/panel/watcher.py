@@ -15,6 +15,7 @@ class Watcher(dbus.service.Object):
         self.added = added
         self.removed = removed
         self.has_host = True
+        self.refuses = False
         self.paths = {}
         self.owners = {}
 
@@ -25,6 +26,8 @@ class Watcher(dbus.service.Object):
 
     @dbus.service.method(WATCHER, in_signature="s", sender_keyword="sender")
     def RegisterStatusNotifierItem(self, name, sender=None):
+        if self.refuses:
+            raise dbus.DBusException("No item is wanted", name="org.freedesktop.DBus.Error.AccessDenied")
         # Some items give their path alone.
         service, path = (sender, name) if name.startswith("/") else (name, "/StatusNotifierItem")
         if service in self.paths:

@@ -40,6 +40,11 @@ WatcherLink::WatcherLink(MainQueue &queue, QDBusConnection bus, QString itemName
       m_itemName(std::move(itemName)),
       m_presence(std::move(presence)),
       m_watcher(watcherName, m_bus, QDBusServiceWatcher::WatchForOwnerChange) {
+    // From whomever: with a sender's name Qt would ask the bus who that is, and wait for the
+    // answer.
+    for (const char *change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        m_bus.connect(QString(), watcherPath, watcherName, QLatin1String(change), this,
+                      SLOT(takeHostChange(QDBusMessage)));
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &, const QString &owner) { take(owner); });
     QDBusMessage question = callOfBus(QStringLiteral("GetNameOwner"));
@@ -54,7 +59,9 @@ WatcherLink::WatcherLink(MainQueue &queue, QDBusConnection bus, QString itemName
 void WatcherLink::take(const QString &owner) {
     if (m_owner == owner)
         return;
-    follow(owner);
+    m_owner = owner;
+    m_isEntered.reset();
+    m_hasHost.reset();
     if (owner.isEmpty()) {
         qCInfo(watcherLog, "There is no watcher of status items on the session bus");
         m_hostsDelay.cancel();
@@ -65,33 +72,28 @@ void WatcherLink::take(const QString &owner) {
     askForHost();
 }
 
-void WatcherLink::follow(const QString &owner) {
-    const QString before = m_owner.value_or(QString());
-    m_owner = owner;
-    for (const char *change : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-        const QString name = QLatin1String(change);
-        if (!before.isEmpty())
-            m_bus.disconnect(before, watcherPath, watcherName, name, this, SLOT(askForHost()));
-        if (!owner.isEmpty())
-            m_bus.connect(owner, watcherPath, watcherName, name, this, SLOT(askForHost()));
-    }
-}
-
 void WatcherLink::enter() {
     // To the very one that appeared: by its well-known name the call could start another.
     QDBusMessage entry = QDBusMessage::createMethodCall(
         *m_owner, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
     entry << m_itemName;
-    call(m_bus, entry, this, [](const QDBusPendingReply<> &answer) {
+    call(m_bus, entry, this, [this, owner = m_owner](const QDBusPendingReply<> &answer) {
+        if (owner != m_owner)
+            return;
         if (answer.isError())
             qCWarning(watcherLog, "The watcher of status items refuses: %s",
                       qUtf8Printable(answer.error().name()));
+        m_isEntered = !answer.isError();
+        judge();
     });
 }
 
+void WatcherLink::takeHostChange(const QDBusMessage &change) {
+    if (change.service() == m_owner)
+        askForHost();
+}
+
 void WatcherLink::askForHost() {
-    if (!m_owner || m_owner->isEmpty())
-        return; // The news of one that has gone.
     QDBusMessage question = QDBusMessage::createMethodCall(
         *m_owner, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
         QStringLiteral("Get"));
@@ -100,16 +102,21 @@ void WatcherLink::askForHost() {
          [this, owner = m_owner](const QDBusPendingReply<QDBusVariant> &answer) {
              // One that knows no such property is asked by nobody else either: it shows what it
              // has.
-             if (owner == m_owner)
-                 takeHost(answer.isError() || answer.value().variant().toBool());
+             if (owner != m_owner)
+                 return;
+             m_hasHost = answer.isError() || answer.value().variant().toBool();
+             judge();
          });
 }
 
-void WatcherLink::takeHost(bool isThere) {
-    if (isThere) {
+void WatcherLink::judge() {
+    if (m_isEntered == false) {
+        m_hostsDelay.cancel();
+        tell(false);
+    } else if (m_isEntered == true && m_hasHost == true) {
         m_hostsDelay.cancel();
         tell(true);
-    } else {
+    } else if (m_hasHost == false) {
         m_hostsDelay = m_queue.after(patienceWithHost, [this] {
             qCInfo(watcherLog, "The watcher of status items has no host");
             tell(false);

@@ -3,6 +3,7 @@
 #include <platform/MainQueue.h>
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
@@ -22,19 +23,19 @@ public:
     /// restarted: for so long the item counts as shown by a watcher that has no host.
     static constexpr Seconds patienceWithHost{2.0};
 
-    /// `presence` hears whether the item is shown, which takes a watcher and a host, once that is
-    /// known and at each change. `queue` must outlive the link.
+    /// `presence` hears whether the item is shown, which takes a watcher that has entered it and a
+    /// host, once that is known and at each change. `queue` must outlive the link.
     WatcherLink(MainQueue &queue, QDBusConnection bus, QString itemName,
                 std::function<void(bool isShown)> presence);
 
 private Q_SLOTS:
-    void askForHost();
+    void takeHostChange(const QDBusMessage &change);
 
 private:
     void take(const QString &owner);
     void enter();
-    void follow(const QString &owner);
-    void takeHost(bool isThere);
+    void askForHost();
+    void judge();
     void tell(bool isShown);
 
     MainQueue &m_queue;
@@ -42,8 +43,10 @@ private:
     QString m_itemName;
     std::function<void(bool)> m_presence;
     QDBusServiceWatcher m_watcher;
-    std::optional<QString> m_owner; ///< The watcher's own name on the bus; empty without one.
-    std::optional<bool> m_isShown;  ///< As it was told.
+    std::optional<QString> m_owner;  ///< The watcher's own name on the bus; empty without one.
+    std::optional<bool> m_isEntered; ///< Empty before that watcher has answered.
+    std::optional<bool> m_hasHost;   ///< The same.
+    std::optional<bool> m_isShown;   ///< As it was told.
     ScheduledWork m_hostsDelay;
 };
 

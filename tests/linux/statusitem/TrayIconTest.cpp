@@ -87,6 +87,13 @@ TEST_F(TrayIconTest, StandsInForAWatcherWithoutAHostUntilOneComes) {
     EXPECT_TRUE(waitUntil([&] { return !tray->docked(); }));
 }
 
+TEST_F(TrayIconTest, StandsInForAWatcherThatRefusesTheItem) {
+    std::optional<Tray> tray(std::in_place);
+    const Panel panel({QStringLiteral("--items"), QStringLiteral("refused")});
+    makeItem();
+    EXPECT_TRUE(isDocked(tray));
+}
+
 TEST_F(TrayIconTest, StandsInForAPanelWhoseBusWasLost) {
     std::optional<Tray> tray(std::in_place);
     auto panel = std::make_unique<Panel>();

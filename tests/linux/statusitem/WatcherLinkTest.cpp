@@ -89,6 +89,13 @@ TEST_F(WatcherLinkTest, TellsOfAHostThatStaysAway) {
     EXPECT_THAT(presence, ElementsAre(true, false));
 }
 
+TEST_F(WatcherLinkTest, CountsAWatcherThatRefusesTheItemForNone) {
+    const Panel panel({QStringLiteral("--items"), QStringLiteral("refused")});
+    makeLink();
+    ASSERT_TRUE(isTold(1));
+    EXPECT_THAT(presence, ElementsAre(false));
+}
+
 TEST_F(WatcherLinkTest, DoesNotWaitForTheHostOfAWatcherThatGoes) {
     Panel panel({QStringLiteral("--host"), QStringLiteral("later")});
     makeLink();
