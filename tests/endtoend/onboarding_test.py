@@ -9,6 +9,7 @@ import time
 import unittest
 
 from desktop import ACCENT, FIRST_RUN_IS_OVER, Agent, Desktop, alike, within
+from screen_reader import ScreenReader
 
 VANTREL = os.environ["VANTREL"]
 STEPS = 6
@@ -151,6 +152,58 @@ class OnboardingTest(unittest.TestCase):
         self.assertEqual(subprocess.run([*self.agent.command, "--action", "quit"],
                                         env=self.desktop.environment, timeout=30, check=False).returncode, 0)
         within(10, lambda: not self.desktop.panels(), "what the session started has ended")
+
+
+class OnboardingReaderTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.desktop.start_bus()
+        self.reader = self.enterContext(ScreenReader(self.desktop.environment))
+        self.agent = Agent(self.desktop, VANTREL, first_run=True)
+
+    def expect_page(self, title, number, lines, focused):
+        within(20, lambda: self.reader.element("heading", title), f"the page: {title}")
+        within(10, lambda: self.reader.focused()[-1:] == [focused],
+               f"{focused}; heard {self.reader.focused()}")
+        self.assertTrue(self.reader.element("progress bar", f"Step {number} of {STEPS}"))
+        read = [line.strip() for line in self.reader.lines()]
+        page = read[read.index(f"heading '{title}'") + 1:]
+        self.assertEqual([line for line in page if not line.startswith(("label", "panel", "heading"))],
+                         lines)
+
+    def press(self, role, name):
+        self.assertTrue(self.reader.press(role, name), name)
+
+    def states(self, role, name):
+        return self.reader.element(role, name)["states"]
+
+    def test_a_screen_reader_is_told_of_each_step_and_goes_through_them(self):
+        self.expect_page("Tobble fetches you to your meetings.", 1, ["push button 'Get started'"],
+                         "push button 'Get started'")
+        self.press("push button", "Get started")
+        back, go_on = "push button 'Back'", "push button 'Continue'"
+        self.expect_page("Allow notifications", 3, [back, "push button 'Skip'", go_on], go_on)
+        self.assertTrue(self.reader.element("label", "Notifications: Optional"))
+        self.press("push button", "Skip")
+        themes = ["Hearth", "Summit", "Alpine Dawn", "Dusk", "Chestnut"]
+        self.expect_page("Pick a theme", 4,
+                         [*[f"radio button '{theme}'" for theme in themes], back, go_on], go_on)
+        self.assertEqual([theme for theme in themes if "checked" in self.states("radio button", theme)],
+                         ["Hearth"])
+        self.press("radio button", "Dusk")
+        within(10, lambda: "checked" in self.states("radio button", "Dusk"), "it is picked")
+        self.press("push button", "Continue")
+        show = "push button 'Show me the takeover'"
+        self.expect_page("See it in action", 5, [show, back, go_on], show)
+        self.press("push button", "Continue")
+        switch, finish = "check box 'Launch Vantrel at login'", "push button 'Finish'"
+        self.expect_page("One last thing — launch at login?", 6, [switch, back, finish], finish)
+        self.press("check box", "Launch Vantrel at login")
+        within(10, lambda: "checked" in self.states("check box", "Launch Vantrel at login"), "it is on")
+        self.press("push button", "Finish")
+        within(10, lambda: not self.desktop.windows(name="^Welcome to Vantrel$"), "the window is gone")
+        settings = json.loads((self.agent.profile / "settings.json").read_text())
+        self.assertEqual((settings[FIRST_RUN_IS_OVER], settings["Vantrel.selectedTheme"]), (True, "dusk"))
 
 
 if __name__ == "__main__":
