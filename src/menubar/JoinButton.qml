@@ -29,7 +29,8 @@ Item {
         visible: hover.hovered
         opacity: tap.pressed ? 0.24 : 0.12
         radius: pill.radius
-        color: root.ThemePaletteKey.palette.accentForeground
+        // Away from the symbol's own colour.
+        color: root.ThemePaletteKey.palette.primaryText
     }
 
     Symbol {

@@ -40,7 +40,8 @@ Item {
         visible: hover.hovered
         opacity: tap.pressed ? 0.24 : 0.12
         radius: height / 2
-        color: root.ThemePaletteKey.palette.accentForeground
+        // Away from the label's own colour.
+        color: root.ThemePaletteKey.palette.primaryText
     }
 
     Text {

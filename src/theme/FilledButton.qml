@@ -26,7 +26,8 @@ Pressable {
         visible: root.isHovered
         opacity: root.isDown ? 0.24 : 0.12
         radius: height / 2
-        color: root.ink
+        // Away from the label's own colour.
+        color: root.ThemePaletteKey.palette.primaryText
     }
 
     Row {

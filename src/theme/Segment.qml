@@ -10,7 +10,7 @@ Pressable {
     required property bool isChosen
 
     implicitWidth: Math.ceil(label.implicitWidth) + 32
-    implicitHeight: 34
+    implicitHeight: 36
     activeFocusOnTab: root.isChosen || root.activeFocus
     Accessible.role: Accessible.RadioButton
     Accessible.name: root.modelData

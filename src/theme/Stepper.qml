@@ -5,11 +5,13 @@ import Vantrel.Theme
 RangeControl {
     id: root
 
+    readonly property bool isMirrored: halves.effectiveLayoutDirection === Qt.RightToLeft
+
     implicitWidth: 97
     implicitHeight: 36
     Accessible.role: Accessible.SpinBox
-    Keys.onLeftPressed: root.step(-1)
-    Keys.onRightPressed: root.step(1)
+    Keys.onLeftPressed: root.step(root.isMirrored ? 1 : -1)
+    Keys.onRightPressed: root.step(root.isMirrored ? -1 : 1)
 
     Rectangle {
         anchors.fill: parent
@@ -19,6 +21,8 @@ RangeControl {
     }
 
     Row {
+        id: halves
+
         StepperHalf {
             objectName: "less"
             symbol: "minus"

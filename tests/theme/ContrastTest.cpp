@@ -115,6 +115,14 @@ TEST_P(ContrastTest, KeepsTheQuietButtonsReadableThroughTheirOpacity) {
     EXPECT_GE(contrast(label, colors.dimSurface), readable);
 }
 
+TEST_P(ContrastTest, MakesALabelOnTheAccentNoWeakerUnderThePointer) {
+    const double atRest = contrast(colors.accentForeground, colors.accent);
+    for (const double opacity : {0.12, 0.24})
+        EXPECT_GT(
+            contrast(colors.accentForeground, over(colors.accent, colors.primaryText, opacity)),
+            atRest);
+}
+
 INSTANTIATE_TEST_SUITE_P(Themes, ContrastTest, testing::ValuesIn(allThemes),
                          [](const auto &row) { return rawValue(row.param).toStdString(); });
 

@@ -48,7 +48,9 @@ Item {
         visible: hover.hovered
         opacity: root.isPrimary ? (tap.pressed ? 0.24 : 0.12) : (tap.pressed ? 1 : 0.6)
         radius: height / 2
-        color: root.isPrimary ? root.ink : root.ThemePaletteKey.palette.dimSurface
+        // Where the label is on the accent, away from its own colour.
+        color: root.isPrimary ? root.ThemePaletteKey.palette.primaryText
+                              : root.ThemePaletteKey.palette.dimSurface
     }
 
     Row {
