@@ -13,6 +13,8 @@ Column {
     readonly property int columnCount: root.width < 36 * Typography.size(0) ? 1 : 2
     readonly property real cardWidth: (root.width - 12 * (root.columnCount - 1)) / root.columnCount
 
+    readonly property bool isMirrored: grid.effectiveLayoutDirection === Qt.RightToLeft
+
     spacing: 12
 
     TabHeader {
@@ -27,8 +29,8 @@ Column {
         height: grid.height
         Accessible.role: Accessible.Grouping
         Accessible.name: qsTr("Appearance")
-        Keys.onLeftPressed: root.pick(root.viewModel.selected - 1)
-        Keys.onRightPressed: root.pick(root.viewModel.selected + 1)
+        Keys.onLeftPressed: root.pick(root.viewModel.selected + (root.isMirrored ? 1 : -1))
+        Keys.onRightPressed: root.pick(root.viewModel.selected + (root.isMirrored ? -1 : 1))
         Keys.onUpPressed: root.pick(root.viewModel.selected - root.columnCount)
         Keys.onDownPressed: root.pick(root.viewModel.selected + root.columnCount)
 
@@ -59,6 +61,11 @@ Column {
             Item {
                 width: root.cardWidth
                 height: 76
+                // The arrow keys are the cards'.
+                Keys.onLeftPressed: {}
+                Keys.onRightPressed: {}
+                Keys.onUpPressed: {}
+                Keys.onDownPressed: {}
 
                 OutlinedButton {
                     objectName: "showDemoAlert"

@@ -22,10 +22,10 @@ Pressable {
     Rectangle {
         anchors.fill: parent
         radius: 12
-        color: root.isHovered ? root.ThemePaletteKey.palette.dimSurface
-                              : root.ThemePaletteKey.palette.surfaceBackground
-        border.color: root.isSelected ? root.ThemePaletteKey.palette.accent
-                                      : root.ThemePaletteKey.palette.dotStroke
+        // The description would be too weak on the dim surface.
+        color: root.ThemePaletteKey.palette.surfaceBackground
+        border.color: root.isSelected || root.isHovered ? root.ThemePaletteKey.palette.accent
+                                                        : root.ThemePaletteKey.palette.dotStroke
         border.width: root.isSelected ? 2 : 1
     }
 

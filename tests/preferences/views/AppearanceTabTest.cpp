@@ -68,6 +68,24 @@ TEST_F(AppearanceTabTest, PicksAThemeByTheArrowKeys) {
     EXPECT_EQ(stored("selectedTheme"), QStringLiteral("summit"));
 }
 
+TEST_F(AppearanceTabTest, LeavesTheThemeAloneOnTheArrowKeysOfTheDemo) {
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+        press(item("showDemoAlert"), key);
+        EXPECT_EQ(shown.preferences.selectedTheme(), Theme::hearth);
+        EXPECT_TRUE(item("showDemoAlert").hasActiveFocus());
+    }
+}
+
+TEST_F(AppearanceTabTest, GoesTheOtherWayWhereTheLanguageRunsFromTheRight) {
+    shown.currentCalendar = LocalCalendar(QTimeZone::utc(), QLocale(QStringLiteral("ar_EG")));
+    open(PreferencesTab::appearance);
+    focus(*cards().at(0));
+    press(Qt::Key_Left);
+    EXPECT_EQ(shown.preferences.selectedTheme(), Theme::summit);
+    press(Qt::Key_Right);
+    EXPECT_EQ(shown.preferences.selectedTheme(), Theme::hearth);
+}
+
 TEST_F(AppearanceTabTest, ShowsTheDemoInTheSelectedTheme) {
     EXPECT_THAT(shown.previews, IsEmpty());
     click(item("showDemoAlert"));

@@ -112,6 +112,10 @@ TEST_F(PreferencesViewTest, IsMirroredWhereTheLanguageRunsFromTheRight) {
     EXPECT_EQ(shown.preferences.leadTimeSeconds(), 120);
     click(item("leadTime"), {2, 18});
     EXPECT_EQ(shown.preferences.leadTimeSeconds(), 300);
+    press(item("snoozeDuration"), Qt::Key_Left);
+    EXPECT_EQ(shown.preferences.snoozeDurationMinutes(), 2);
+    press(item("snoozeDuration"), Qt::Key_Right);
+    EXPECT_EQ(shown.preferences.snoozeDurationMinutes(), 1);
 }
 
 TEST_F(PreferencesViewTest, NothingLeavesTheWindowAtItsLeastSize) {
