@@ -7,7 +7,7 @@ OnboardingPage {
     id: root
 
     readonly property bool isGranted: root.viewModel.hasCalendarAccess
-    readonly property bool isWatching: root.Window.visibility !== Window.Hidden && !root.isGranted
+    readonly property bool isWatching: root.Window.visibility !== Window.Hidden
 
     portrait: "tobble-curious-calendar"
     title: qsTr("Calendar access")

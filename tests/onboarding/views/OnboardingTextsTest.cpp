@@ -89,6 +89,16 @@ TEST_F(OnboardingTextsTest, CalendarThatIsGrantedWhileTheStepIsShown) {
     EXPECT_THAT(symbols(), ElementsAre("checkmark.circle.fill", "checkmark.seal.fill"));
 }
 
+TEST_F(OnboardingTextsTest, CalendarWhoseAccessIsTakenAwayWhileTheStepIsShown) {
+    showAt(Step::calendar);
+    allow();
+    queue.advance(Seconds{0.5});
+    store.authorization = StoreAuthorization::denied;
+    queue.advance(Seconds{0.5});
+    EXPECT_THAT(texts(), ::testing::Contains("Needed"));
+    EXPECT_THAT(texts(), ::testing::Contains("Grant access"));
+}
+
 TEST_F(OnboardingTextsTest, Notifications) {
     showAt(Step::notifications);
     const std::string body =
