@@ -81,10 +81,10 @@ TEST_F(PopoverMotionTest, GoesToARowAtOnceWhereTheDesktopAsksForIt) {
     stage->show();
     const QQuickItem *events = stage->find(QStringLiteral("events"));
     const auto place = [events] { return events->property("contentY").toDouble(); };
+    const double before = place();
     for (int row = 0; row < 8; ++row)
         QTest::keyClick(&stage->window(), Qt::Key_Down);
-    const int frames = stage->frameCount();
-    ASSERT_TRUE(stage->waitFor([&] { return stage->frameCount() > frames + 1; }));
+    ASSERT_TRUE(stage->waitFor([&] { return place() != before; }));
     const double atOnce = place();
     EXPECT_GT(atOnce, 100.0);
     stage->linger();
