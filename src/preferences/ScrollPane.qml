@@ -9,9 +9,29 @@ FocusScope {
     default property alias content: column.data
     property alias contentY: flickable.contentY
 
+    /// How far it scrolls.
+    readonly property real reach: Math.max(0, flickable.contentHeight - flickable.height)
     readonly property Item focused: root.Window.activeFocusItem
 
     onFocusedChanged: root.reveal(root.focused)
+    // What no control has a use for.
+    Keys.onPressed: event => {
+        const page = 0.85 * flickable.height;
+        switch (event.key) {
+        case Qt.Key_PageUp:
+            event.accepted = root.scrollBy(-page);
+            break;
+        case Qt.Key_PageDown:
+            event.accepted = root.scrollBy(page);
+            break;
+        case Qt.Key_Up:
+            event.accepted = root.scrollBy(-48);
+            break;
+        case Qt.Key_Down:
+            event.accepted = root.scrollBy(48);
+            break;
+        }
+    }
 
     Flickable {
         id: flickable
@@ -41,6 +61,13 @@ FocusScope {
         color: root.ThemePaletteKey.palette.primaryText
     }
 
+    /// Whether there was anywhere to go.
+    function scrollBy(distance: real): bool {
+        const before = flickable.contentY;
+        flickable.contentY = Math.max(0, Math.min(root.reach, before + distance));
+        return flickable.contentY !== before;
+    }
+
     function reveal(item: Item) {
         let ancestor = item;
         while (ancestor !== null && ancestor !== column)
@@ -49,10 +76,9 @@ FocusScope {
             return;
         const top = item.mapToItem(flickable.contentItem, 0, 0).y - 16;
         const bottom = top + item.height + 32;
-        const lowest = Math.max(0, flickable.contentHeight - flickable.height);
         if (top < flickable.contentY)
             flickable.contentY = Math.max(0, top);
         else if (bottom > flickable.contentY + flickable.height)
-            flickable.contentY = Math.min(lowest, bottom - flickable.height);
+            flickable.contentY = Math.min(root.reach, bottom - flickable.height);
     }
 }

@@ -48,11 +48,11 @@ Rectangle {
 
         Repeater {
             model: [qsTr("Mute Slack and Discord"),
-                    qsTr("Set Focus to \"In a meeting\""),
                     qsTr("Lower brightness on your second display"),
                     qsTr("Open today's notes template"),
-                    qsTr("Turn the smart lights to \"deep focus\""),
-                    qsTr("Pause Spotify")]
+                    qsTr("Pause Spotify"),
+                    qsTr("Set Focus to \"In a meeting\""),
+                    qsTr("Turn the smart lights to \"deep focus\"")]
 
             Paragraph {
                 required property string modelData
@@ -75,7 +75,7 @@ Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
                 width: 20
                 height: 20
-                name: "lock.shield"
+                name: "shield"
                 color: root.ThemePaletteKey.palette.accent
             }
 

@@ -118,15 +118,36 @@ TEST_F(GeneralTabTest, TellsHowShortcutsWorkToWhoAsks) {
           "you the moment you join a meeting.",
           "Open the Shortcuts app and build (or pick) the shortcut you want.",
           "Give it a name you'll remember.", "Type that exact name above, then tap ▶ to test.",
-          "Mute Slack and Discord", "Set Focus to \"In a meeting\"",
-          "Lower brightness on your second display", "Open today's notes template",
-          "Turn the smart lights to \"deep focus\"", "Pause Spotify",
+          "Mute Slack and Discord", "Lower brightness on your second display",
+          "Open today's notes template", "Pause Spotify", "Set Focus to \"In a meeting\"",
+          "Turn the smart lights to \"deep focus\"",
           "Shortcuts run on your Mac. Nothing about your meeting or the shortcut leaves the "
           "device."})
         EXPECT_TRUE(isRead(QString::fromUtf8(text))) << text;
     click(item("details"));
     EXPECT_FALSE(isRead(QStringLiteral("What is this?")));
     EXPECT_TRUE(isRead(QStringLiteral("How this works")));
+}
+
+TEST_F(GeneralTabTest, ReachesTheEndOfTheDetailsByKeyboardAlone) {
+    open(PreferencesTab::general, {880, 600});
+    press(item("details"), Qt::Key_Space);
+    const auto bottom = [this] {
+        QQuickItem &details = item("shortcutDetails");
+        return details.mapToScene({0, details.height()}).y();
+    };
+    ASSERT_GT(bottom(), 600);
+    ASSERT_TRUE(stage().waitFor([this] { return item("page").property("reach").toReal() > 0; }))
+        << "the page is not longer than its place";
+    for (int presses = 0; presses < 20 && bottom() > 600; ++presses)
+        press(Qt::Key_PageDown);
+    EXPECT_LE(bottom(), 600);
+    press(Qt::Key_Down);
+    press(Qt::Key_Up);
+    EXPECT_GT(bottom(), 600 - 48);
+    for (int presses = 0; presses < 20; ++presses)
+        press(Qt::Key_PageUp);
+    EXPECT_GE(item("launchAtLogin").mapToScene({0, 0}).y(), 0);
 }
 
 TEST_F(GeneralTabTest, ShowsWhatIsChangedElsewhere) {
