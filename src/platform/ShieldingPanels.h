@@ -55,7 +55,8 @@ public:
     using KeyHandler = std::function<bool(const KeyPress &)>;
 
     /// Calls `handler` for each key pressed in an interactive panel until the subscription is
-    /// dropped. A key that was down before the panel had the keyboard is no press.
+    /// dropped, and in an echo panel that got the keyboard all the same. A key that was down before
+    /// the panel had the keyboard is no press.
     [[nodiscard]] virtual Subscription monitorKeyDown(KeyHandler handler) = 0;
 };
 

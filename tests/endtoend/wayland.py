@@ -1,5 +1,5 @@
-"""A Wayland desktop of the tests' own: sway without a screen or a seat, with two outputs, a panel,
-a mouse and a keyboard, and the program on a scratch profile."""
+"""Wayland desktops of the tests' own. The first is sway without a screen or a seat, with two outputs,
+a panel, a mouse and a keyboard."""
 
 import io
 import json
@@ -10,6 +10,7 @@ import subprocess
 
 from PIL import Image
 
+import desktop
 from desktop import Session, within
 
 LEFT = "HEADLESS-1"
@@ -148,8 +149,51 @@ class WaylandDesktop(Session):
         return Image.open(io.BytesIO(data)).convert("RGB")
 
     def keep_picture(self, name):
-        """For people to look at, where the environment names a folder."""
-        folder = os.environ.get("VANTREL_TEST_PICTURES")
-        if folder:
-            for output in self.outputs():
-                self.picture(output).save(pathlib.Path(folder, f"{name}-{output}.png"))
+        keep_picture(self, name)
+
+
+class WestonDesktop(desktop.Desktop):
+    """weston with two outputs, which are windows side by side on a virtual display."""
+
+    width, height = SIZE
+
+    def __init__(self):
+        super().__init__(window_manager=False)
+
+    def __enter__(self):
+        super().__enter__()
+        socket = self.folder / "runtime" / "weston"
+        self.start("weston", "--backend=x11-backend.so", "--use-pixman", "--output-count=2",
+                   f"--width={SIZE[0]}", f"--height={SIZE[1]}", f"--socket={socket.name}",
+                   "--idle-time=0")
+        within(20, socket.exists, "the compositor runs")
+        # Made in the order of the outputs.
+        windows = lambda: sorted(map(int, self.windows(klass="Weston Compositor")))
+        within(20, lambda: len(windows()) == 2, "both outputs are there")
+        for window, area in zip(windows(), [desktop.LEFT, desktop.RIGHT]):
+            self.ask("xdotool", "windowmove", "--sync", str(window), str(area[0]), str(area[1]))
+        self.environment |= {"WAYLAND_DISPLAY": socket.name, "QT_QPA_PLATFORM": "wayland"}
+        # Without a window manager the keys are for the window under the pointer.
+        self.move_pointer(400, 500)
+        return self
+
+    def outputs(self):
+        return [LEFT, RIGHT]
+
+    def picture(self, output=LEFT):
+        return super().picture().crop(desktop.LEFT if output == LEFT else desktop.RIGHT)
+
+    def click(self, x, y):
+        self.move_pointer(x, y)
+        self.ask("xdotool", "click", "1")
+
+    def keep_picture(self, name):
+        keep_picture(self, name)
+
+
+def keep_picture(shown, name):
+    """For people to look at, where the environment names a folder."""
+    folder = os.environ.get("VANTREL_TEST_PICTURES")
+    if folder:
+        for output in shown.outputs():
+            shown.picture(output).save(pathlib.Path(folder, f"{name}-{output}.png"))

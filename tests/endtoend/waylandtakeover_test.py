@@ -12,7 +12,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "panel"))
 
 from desktop import ACCENT, SURFACE, Agent, bounds, share, within
 from panel_process import PanelProcess
-from wayland import LEFT, RIGHT, SIZE, WaylandDesktop
+from wayland import LEFT, RIGHT, SIZE, WaylandDesktop, WestonDesktop
 
 VANTREL = os.environ["VANTREL"]
 FULL_SCREEN = os.environ["FULL_SCREEN_WINDOW"]
@@ -21,10 +21,13 @@ LEAD = 3
 
 
 class TakeoverCases:
+    """What is the same on every compositor."""
+
     layer_shell = "on"
+    desktops = WaylandDesktop
 
     def start(self, **options):
-        self.desktop = self.enterContext(WaylandDesktop(**options))
+        self.desktop = self.enterContext(self.desktops(**options))
         self.desktop.environment["VANTREL_LAYER_SHELL"] = self.layer_shell
         self.agent = Agent(self.desktop, VANTREL, leadTimeSeconds=LEAD)
 
@@ -73,31 +76,16 @@ class TakeoverCases:
         for output in self.desktop.outputs():
             within(5, lambda: not bounds(self.desktop.picture(output), SURFACE), "it is gone")
 
-    def full_screen(self, name):
-        self.desktop.start(FULL_SCREEN, name)
-        within(10, lambda: name in self.desktop.windows()[0], "a program is full screen")
-
     def test_covers_both_outputs_and_space_opens_the_link(self):
         self.start()
         self.show_takeover(f"DESCRIPTION:Join: {LINK} and more")
         self.assertFalse(self.is_interactive(RIGHT))
-        self.desktop.keep_picture(f"takeover-layer-shell-{self.layer_shell}")
+        self.desktop.keep_picture(type(self).__name__)
         self.answer("space")
         within(5, self.agent.opened_url, "the link was opened")
         self.assertEqual(self.agent.opened_url(), LINK + "\n")
         self.wait_for_end()
         self.assertEqual(self.agent.counts()["rescuesFromTakeover"], 1)
-
-    def test_escape_dismisses_it_and_the_keyboard_goes_back_to_a_full_screen_program(self):
-        self.start()
-        self.full_screen("before")
-        within(10, lambda: "before" in self.desktop.windows()[1], "it has the keyboard")
-        self.show_takeover(f"URL:{LINK}")
-        self.answer("Escape")
-        self.wait_for_end()
-        self.assertEqual(self.agent.counts()["dismisses"], 1)
-        self.assertIsNone(self.agent.opened_url())
-        within(5, lambda: "before" in self.desktop.windows()[1], "the keyboard is back")
 
     def test_s_snoozes_it(self):
         self.start()
@@ -124,6 +112,24 @@ class TakeoverCases:
 
         within(5, is_joined, "the link was opened")
         self.wait_for_end()
+
+
+
+class SwayCases(TakeoverCases):
+    def full_screen(self, name):
+        self.desktop.start(FULL_SCREEN, name)
+        within(10, lambda: name in self.desktop.windows()[0], "a program is full screen")
+
+    def test_escape_dismisses_it_and_the_keyboard_goes_back_to_a_full_screen_program(self):
+        self.start()
+        self.full_screen("before")
+        within(10, lambda: "before" in self.desktop.windows()[1], "it has the keyboard")
+        self.show_takeover(f"URL:{LINK}")
+        self.answer("Escape")
+        self.wait_for_end()
+        self.assertEqual(self.agent.counts()["dismisses"], 1)
+        self.assertIsNone(self.agent.opened_url())
+        within(5, lambda: "before" in self.desktop.windows()[1], "the keyboard is back")
 
     def test_covers_every_output_that_comes_and_follows_when_its_own_goes(self):
         self.start(outputs="windows", panel=None)
@@ -183,7 +189,7 @@ class TakeoverCases:
             self.wait_for_end()
 
 
-class WaylandTakeoverTest(TakeoverCases, unittest.TestCase):
+class WaylandTakeoverTest(SwayCases, unittest.TestCase):
     def test_stays_above_a_program_that_goes_full_screen_later(self):
         self.start()
         self.show_takeover(f"URL:{LINK}")
@@ -195,8 +201,14 @@ class WaylandTakeoverTest(TakeoverCases, unittest.TestCase):
         self.wait_for_end()
 
 
-class WaylandTakeoverWithoutLayerShellTest(TakeoverCases, unittest.TestCase):
+class WaylandTakeoverWithoutLayerShellTest(SwayCases, unittest.TestCase):
     layer_shell = "off"
+
+
+class WaylandTakeoverOnWestonTest(TakeoverCases, unittest.TestCase):
+    """A compositor that has no layer shell."""
+
+    desktops = WestonDesktop
 
 
 if __name__ == "__main__":

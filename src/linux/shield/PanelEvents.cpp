@@ -28,8 +28,10 @@ bool PanelEvents::isSwallowed(QEvent &event) {
         event.ignore();
         return true;
     }
-    if (m_role == PanelRole::echo)
+    if (m_role == PanelRole::echo) {
+        hearMisplacedKey(event);
         return event.isInputEvent();
+    }
     switch (event.type()) {
     case QEvent::FocusIn:
         m_presses.noteFocus();
@@ -47,6 +49,15 @@ bool PanelEvents::isSwallowed(QEvent &event) {
     default:
         return false;
     }
+}
+
+/// Some compositors give the keyboard to each window that comes up, an echo panel's as well: then
+/// what is pressed in it is for the takeover all the same.
+void PanelEvents::hearMisplacedKey(QEvent &event) {
+    if (event.type() != QEvent::KeyPress)
+        return;
+    if (const auto press = m_presses.press(static_cast<QKeyEvent &>(event)))
+        m_listener(*press);
 }
 
 } // namespace vantrel

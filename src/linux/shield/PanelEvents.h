@@ -13,7 +13,7 @@ class QWindow;
 namespace vantrel {
 
 /// Stands between a panel's window and its events: keys go to those who listen first, and an echo
-/// panel gets no input at all. A child of its window.
+/// panel's content gets no input at all. A child of its window.
 class PanelEvents : public QObject {
 public:
     /// `listener` answers true for a press that it consumed.
@@ -27,6 +27,7 @@ public:
 
 private:
     [[nodiscard]] bool isSwallowed(QEvent &event);
+    void hearMisplacedKey(QEvent &event);
 
     PanelRole m_role;
     KeyPresses m_presses;
