@@ -52,6 +52,7 @@ Item {
 
     Rectangle {
         id: bar
+        objectName: "calendarBar"
         anchors.left: parent.left
         anchors.leftMargin: 16
         anchors.verticalCenter: parent.verticalCenter

@@ -7,6 +7,7 @@ Item {
 
     required property string symbol
     required property string title
+    property string shortcut: ""
 
     readonly property point middle: Qt.point(root.width / 2, root.height / 2)
 
@@ -65,7 +66,7 @@ Item {
 
     Hint {
         target: root
-        text: root.title
+        text: root.shortcut.length > 0 ? `${root.title} (${root.shortcut})` : root.title
         isWanted: hover.hovered && !tap.pressed
     }
 

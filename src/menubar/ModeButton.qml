@@ -7,6 +7,7 @@ Item {
 
     required property string text
     required property bool isChosen
+    required property string shortcut
 
     signal chosen()
 
@@ -54,6 +55,12 @@ Item {
     HoverHandler {
         id: hover
         cursorShape: Qt.PointingHandCursor
+    }
+
+    Hint {
+        target: root
+        text: `${root.text} (${root.shortcut})`
+        isWanted: hover.hovered
     }
 
     TapHandler {

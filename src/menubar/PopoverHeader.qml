@@ -85,15 +85,19 @@ Item {
         Accessible.name: "Meetings"
 
         ModeButton {
+            id: today
             objectName: "today"
             text: "today"
+            shortcut: "Alt+T"
             isChosen: root.viewModel.mode === PopoverModel.Today
             onChosen: root.viewModel.mode = PopoverModel.Today
         }
 
         ModeButton {
+            id: all
             objectName: "all"
             text: "all"
+            shortcut: "Alt+A"
             isChosen: root.viewModel.mode === PopoverModel.All
             onChosen: root.viewModel.mode = PopoverModel.All
         }
@@ -106,6 +110,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: root.viewModel.isPaused ? "play.fill" : "pause.fill"
         title: root.viewModel.isPaused ? "Resume alerts" : "Pause alerts"
+        shortcut: "Alt+P"
         onClicked: root.viewModel.togglePaused()
     }
 
@@ -117,30 +122,31 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "gearshape.fill"
         title: "More"
+        shortcut: "Alt+M"
         Accessible.role: Accessible.ButtonMenu
         onClicked: place => root.openMenu(place)
     }
 
     Shortcut {
-        sequence: "Alt+T"
+        sequence: today.shortcut
         autoRepeat: false
         onActivated: root.viewModel.mode = PopoverModel.Today
     }
 
     Shortcut {
-        sequence: "Alt+A"
+        sequence: all.shortcut
         autoRepeat: false
         onActivated: root.viewModel.mode = PopoverModel.All
     }
 
     Shortcut {
-        sequence: "Alt+P"
+        sequence: pause.shortcut
         autoRepeat: false
         onActivated: root.viewModel.togglePaused()
     }
 
     Shortcut {
-        sequence: "Alt+M"
+        sequence: more.shortcut
         autoRepeat: false
         onActivated: root.openMenu(more.middle)
     }

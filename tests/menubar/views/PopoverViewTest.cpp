@@ -1,6 +1,7 @@
 #include "ShownView.h"
 
 #include <theme/Theme.h>
+#include <theme/Typography.h>
 
 namespace vantrel {
 namespace {
@@ -11,6 +12,28 @@ using ::testing::IsEmpty;
 class PopoverViewTest : public testing::Test, protected ShownPopoverView {
 protected:
     ~PopoverViewTest() override { EXPECT_THAT(stage().warnings(), IsEmpty()); }
+
+    /// The names of the symbols that are seen.
+    [[nodiscard]] QStringList symbols() const {
+        QStringList names;
+        const auto items = gallery::withDescendants(stage().root());
+        for (const QQuickItem *one : items) {
+            if (one->inherits("vantrel::SymbolItem") && one->isVisible())
+                names += one->property("name").toString();
+        }
+        names.sort();
+        return names;
+    }
+
+    /// Null while none is shown.
+    [[nodiscard]] QQuickItem *hint() {
+        const auto items = gallery::withDescendants(*stage().window().contentItem());
+        for (QQuickItem *one : items) {
+            if (one->objectName() == QLatin1String("hint"))
+                return one;
+        }
+        return nullptr;
+    }
 };
 
 } // namespace
@@ -266,20 +289,62 @@ TEST_F(PopoverViewTest, TellsTheWholeOfATextThatIsCut) {
     const QQuickItem &label = item("eventTitle");
     ASSERT_TRUE(label.property("truncated").toBool());
     hover(label);
-    const auto hint = [this] {
-        const auto items = gallery::withDescendants(*stage().window().contentItem());
-        for (QQuickItem *one : items) {
-            if (one->objectName() == QLatin1String("hint"))
-                return one;
-        }
-        return static_cast<QQuickItem *>(nullptr);
-    };
     ASSERT_TRUE(stage().waitFor([&] { return hint() && hint()->opacity() == 1.0; }));
     EXPECT_TRUE(stage().root().boundingRect().contains(area(*hint())));
     hover(item("more"));
     ASSERT_TRUE(stage().waitFor([&] { return hint() && hint()->opacity() == 1.0; }));
     QTest::mouseMove(&stage().window(), {5, 5});
     EXPECT_TRUE(stage().waitFor([&] { return !hint(); }));
+}
+
+TEST_F(PopoverViewTest, TellsWhatAButtonIsAndItsKey) {
+    make();
+    const auto told = [this](const char *button) {
+        hover(item(button));
+        QString text;
+        stage().waitFor([&] {
+            text = hint() ? hint()->property("text").toString() : QString();
+            return text.contains(u'(') && hint()->opacity() == 1.0;
+        });
+        QTest::mouseMove(&stage().window(), {5, 5});
+        EXPECT_TRUE(stage().waitFor([this] { return !hint(); }));
+        return text;
+    };
+    EXPECT_EQ(told("more"), QStringLiteral("More (Alt+M)"));
+    EXPECT_EQ(told("pause"), QStringLiteral("Pause alerts (Alt+P)"));
+    EXPECT_EQ(told("today"), QStringLiteral("today (Alt+T)"));
+    EXPECT_EQ(told("all"), QStringLiteral("all (Alt+A)"));
+}
+
+TEST_F(PopoverViewTest, HasASymbolForEachThing) {
+    popover.add({QStringLiteral("Call"), fakes::at("2026-03-02T10:00:00"), 30, {}, true, call, {}});
+    make(EventListMode::today);
+    EXPECT_EQ(symbols().join(u' '), QStringLiteral("arrow.triangle.2.circlepath gearshape.fill "
+                                                   "pause.fill pawprint.fill video.fill"));
+    popover.store.storedEvents.clear();
+    make(EventListMode::today);
+    EXPECT_EQ(symbols().join(u' '),
+              QStringLiteral("gearshape.fill moon.zzz pause.fill pawprint.fill"));
+}
+
+TEST_F(PopoverViewTest, DrawsTheCalendarsColourBesideTheMeeting) {
+    popover.add({QStringLiteral("Green"), fakes::at("2026-03-02T10:00:00"), 30, {0.0, 0.6, 0.2}});
+    make();
+    const QPointF middle = area(item("calendarBar")).center();
+    const QImage picture = stage().picture();
+    EXPECT_EQ(QColor(picture.pixel((middle * picture.devicePixelRatio()).toPoint())),
+              QColor(0, 153, 51));
+}
+
+TEST_F(PopoverViewTest, TellsTheDaySmallRoundedAndSemibold) {
+    add(QStringLiteral("Standup"), "2026-03-02T10:00:00");
+    make();
+    const auto font = item("dayLabel").property("font").value<QFont>();
+    EXPECT_EQ(font.weight(), QFont::DemiBold);
+    EXPECT_EQ(font.pixelSize(), qRound(Typography::size(-1)));
+    EXPECT_EQ(font.families(),
+              Typography::rounded(Typography::size(-1), QFont::DemiBold).families());
+    EXPECT_LT(font.pixelSize(), item("eventTitle").property("font").value<QFont>().pixelSize());
 }
 
 TEST_F(PopoverViewTest, KeepsEverythingWithinItsWidth) {
