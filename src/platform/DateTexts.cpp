@@ -32,7 +32,7 @@ QByteArray languageTag(const QLocale &locale) {
 
 /// A time in hours and minutes by a clock that is not the locale's own, in the order and with the
 /// signs that are usual there. Empty when ICU's data are missing or damaged.
-QString patternOf(ClockFormat clock, const QLocale &locale) {
+QString lookedUpPattern(ClockFormat clock, const QLocale &locale) {
     const QString fields =
         clock == ClockFormat::twelveHours ? QStringLiteral("hm") : QStringLiteral("Hm");
     UErrorCode error = U_ZERO_ERROR;
@@ -45,6 +45,20 @@ QString patternOf(ClockFormat clock, const QLocale &locale) {
         static_cast<int32_t>(pattern.size()), &error);
     pattern.truncate(U_FAILURE(error) ? 0 : length);
     return pattern;
+}
+
+/// Looking one up takes longer than all else about a time of day, and a list asks for each row. On
+/// one thread there is one user, whose clock and locale hardly ever change.
+QString patternOf(ClockFormat clock, const QLocale &locale) {
+    struct Known {
+        ClockFormat clock;
+        QLocale locale;
+        QString pattern;
+    };
+    thread_local std::optional<Known> known;
+    if (!known || known->clock != clock || known->locale != locale)
+        known = Known{clock, locale, lookedUpPattern(clock, locale)};
+    return known->pattern;
 }
 
 struct Style {

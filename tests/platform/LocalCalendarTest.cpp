@@ -193,6 +193,9 @@ TEST(LocalCalendar, TellsTheTimeByTheClockThatIsChosenWhateverTheLocaleHas) {
               afternoon("en_US", ClockFormat::ofLocale));
     EXPECT_EQ(afternoon("de_DE", ClockFormat::twelveHours), u"3:05\u202fPM");
     EXPECT_EQ(afternoon("de_DE", ClockFormat::twentyFourHours), u"15:05");
+    EXPECT_EQ(afternoon("ko_KR", ClockFormat::twentyFourHours), u"15:05");
+    EXPECT_EQ(afternoon("en_US", ClockFormat::twelveHours), u"3:05\u202fPM");
+    EXPECT_EQ(afternoon("ko_KR", ClockFormat::twelveHours), u"오후 3:05");
 }
 
 TEST(LocalCalendar, RoundsAFractionOfAMillisecondDown) {
