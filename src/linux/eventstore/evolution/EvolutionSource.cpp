@@ -38,7 +38,7 @@ QString EvolutionSource::moduleOfProgram() {
     const QString folder = QCoreApplication::applicationDirPath();
     const QString beside = folder + QStringLiteral("/vantrel-evolution.so");
     return QFile::exists(beside) ? beside
-                                 : folder + QStringLiteral("/../lib/vantrel/vantrel-evolution.so");
+                                 : folder + QStringLiteral("/" VANTREL_MODULES "/vantrel-evolution.so");
 }
 
 bool EvolutionSource::isInstalled(const QString &module) {
