@@ -47,9 +47,9 @@ class MenuBarTest(unittest.TestCase):
         self.desktop.press("alt+a")
 
     def meeting_soon(self, agent, *lines):
-        """Half a minute from where the figure changes, so that no delay of the machine matters."""
+        """Half a minute from where the figure changes; a slow machine may be past that."""
         agent.write_meeting("soon", time.time() + 4.5 * 60, *lines, title=TITLE)
-        return self.panel.item(label=label(5))
+        return self.panel.next(lambda record: record.get("label") in {label(5), label(4)})
 
     def test_counts_down_beside_the_paw(self):
         agent = self.start_agent()
@@ -58,7 +58,7 @@ class MenuBarTest(unittest.TestCase):
         # The paw that tells of no pause, with the calendar's dot.
         self.assertRegex(shown["icon"], "^vantrel-pawprint-fill-[0-9a-f]{6}-symbolic$")
         self.assertIn(TITLE, shown["tooltip"][1])
-        self.panel.item(TICK, label=label(4))
+        self.panel.item(TICK, label=label(4 if shown["label"] == label(5) else 3))
 
     def test_pausing_empties_it_and_outlines_the_paw(self):
         agent = self.start_agent()
@@ -71,7 +71,7 @@ class MenuBarTest(unittest.TestCase):
         self.assertNotIn("fill", paused["icon"])
         self.assertIn("Vantrel (paused)", paused["tooltip"][1])
         self.desktop.press("alt+p")
-        self.assertEqual(self.panel.item(icon=shown["icon"])["label"], label(5))
+        self.assertIn(self.panel.item(icon=shown["icon"])["label"], [label(5), label(4), label(3)])
 
     def test_joining_from_a_row_opens_the_link(self):
         agent = self.start_agent()
@@ -96,13 +96,25 @@ class MenuBarTest(unittest.TestCase):
         self.desktop.press("Escape")
         within(5, lambda: not self.popups(), "the popover is gone")
 
+    def open_menu(self):
+        self.panel.do("context-menu", x=1700, y=12)
+        within(20, self.popups, "the menu is shown")
+
+    def test_a_right_click_shows_the_menu_in_which_a_comma_opens_the_preferences(self):
+        self.start_agent()
+        self.panel.item(label="")
+        self.open_menu()
+        menu = self.popups()
+        self.desktop.press("comma")
+        within(20, lambda: self.popups() and not set(menu) & set(self.popups()),
+               "a window has taken the menu's place")
+        geometry = self.desktop.ask("xdotool", "getwindowgeometry", "--shell", self.popups()[0].decode())
+        self.assertIn("WIDTH=880", geometry.decode().split())
+
     def test_a_right_click_shows_the_menu_in_which_q_quits(self):
         agent = self.start_agent()
         self.panel.item(label="")
-        self.panel.do("context-menu", x=1700, y=12)
-        within(20, self.popups, "the menu is shown")
-        self.desktop.press("comma")
-        self.assertIsNone(agent.process.poll())
+        self.open_menu()
         self.desktop.press("q")
         self.assertEqual(agent.process.wait(20), 0)
 
