@@ -151,6 +151,25 @@ class ActivationTest(unittest.TestCase):
         self.assertNotEqual(self.icon_folders(), left)
 
 
+class ActivationWithoutATrayTest(unittest.TestCase):
+    def test_starting_it_again_shows_the_list_where_there_is_no_tray(self):
+        # Without a window manager there is no dock, and thus no tray.
+        desktop = self.enterContext(Desktop(window_manager=False))
+        desktop.start_bus()
+        agent = Agent(desktop, VANTREL)
+
+        def status():
+            return subprocess.run([*agent.command, "status", "--json"], env=desktop.environment,
+                                  timeout=30, check=False, capture_output=True).stdout
+
+        within(30, lambda: json.loads(status())["isRunning"], "the program runs")
+        self.assertEqual(json.loads(status())["statusItem"], "none")
+        self.assertEqual(subprocess.run(agent.command, env=desktop.environment, timeout=30,
+                                        check=False).returncode, 0)
+        within(20, lambda: desktop.windows(name="^Vantrel$"), "the list is shown")
+        self.assertIsNone(agent.process.poll())
+
+
 class ActivationOnAStalledBusTest(unittest.TestCase):
     """At login the bus may stand still for longer than the program waits for it."""
 
