@@ -2,9 +2,11 @@
 """The program started again while it runs, as from a launcher or by an action of its desktop entry,
 and how it ends."""
 
+import configparser
 import json
 import os
 import pathlib
+import shlex
 import signal
 import subprocess
 import sys
@@ -17,9 +19,17 @@ from desktop import Agent, Desktop, within
 from panel_process import PanelProcess
 
 VANTREL = os.environ["VANTREL"]
+ENTRY = pathlib.Path(__file__).parents[2] / "data" / "org.vantrel.Vantrel.desktop.in"
 FULL = "vantrel-pawprint-fill-symbolic"
 LINK = "https://meeting.example.com/stand-up"
 OUTLINE = "vantrel-pawprint-symbolic"
+
+
+def action(name):
+    """What follows the program in the line of an action of the desktop entry."""
+    entry = configparser.ConfigParser(interpolation=None)
+    entry.read(ENTRY, "utf-8")
+    return shlex.split(entry[f"Desktop Action {name}"]["Exec"])[1:]
 
 
 class ActivationTest(unittest.TestCase):
@@ -44,11 +54,13 @@ class ActivationTest(unittest.TestCase):
         within(20, lambda: self.desktop.windows(name="^Vantrel$"), "the list is shown")
 
     def test_carries_out_the_actions_of_the_desktop_entry(self):
-        self.assertEqual(self.start_again("--action", "toggle-pause"), 0)
+        self.assertEqual(self.start_again(*action("popover")), 0)
+        within(20, lambda: self.desktop.windows(name="^Vantrel$"), "the list is shown")
+        self.assertEqual(self.start_again(*action("pause")), 0)
         self.panel.item(icon=OUTLINE)
-        self.assertEqual(self.start_again("--action", "toggle-pause"), 0)
+        self.assertEqual(self.start_again(*action("pause")), 0)
         self.panel.item(icon=FULL)
-        self.assertEqual(self.start_again("--action", "quit"), 0)
+        self.assertEqual(self.start_again(*action("quit")), 0)
         self.assertEqual(self.agent.process.wait(20), 0)
         # Nothing runs that could be ended, and nothing is started for it.
         self.assertEqual(self.start_again("--action", "quit"), 0)
