@@ -33,6 +33,14 @@ class WaylandDesktop(Session):
 
     def __enter__(self):
         super().__enter__()
+        try:
+            self._start_all()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def _start_all(self):
         self.folder.chmod(0o711)
         self.environment["QT_QPA_PLATFORM"] = "wayland"
         self.environment.pop("DISPLAY", None)
@@ -56,7 +64,6 @@ class WaylandDesktop(Session):
         self.callback(self.mouse.stdin.close)
         self.mouse.stdout.readline()
         self.move_pointer(400, 500)
-        return self
 
     def _arrangement(self):
         return (f"output {LEFT} resolution 1920x1080 position 0 0 scale {self.scale}\n"
@@ -162,6 +169,14 @@ class WestonDesktop(desktop.Desktop):
 
     def __enter__(self):
         super().__enter__()
+        try:
+            self._start_weston()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def _start_weston(self):
         socket = self.folder / "runtime" / "weston"
         self.start("weston", "--backend=x11-backend.so", "--use-pixman", "--output-count=2",
                    f"--width={SIZE[0]}", f"--height={SIZE[1]}", f"--socket={socket.name}",
@@ -175,7 +190,6 @@ class WestonDesktop(desktop.Desktop):
         self.environment |= {"WAYLAND_DISPLAY": socket.name, "QT_QPA_PLATFORM": "wayland"}
         # Without a window manager the keys are for the window under the pointer.
         self.move_pointer(400, 500)
-        return self
 
     def outputs(self):
         return [LEFT, RIGHT]
