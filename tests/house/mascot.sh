@@ -6,7 +6,7 @@ drawn=$(mktemp -d)
 trap 'rm -r "$drawn"' EXIT
 "$1/tools/draw-tobble" "$drawn"
 listed() {
-  (cd "$1" && find src/theme/art data/icons -name 'tobble-*.svg' -o -name 'org.vantrel.*.svg') | sort
+  (cd "$1" && find src/theme/art data/icons/hicolor/scalable -name 'tobble-*.svg' -o -name 'org.vantrel.*.svg') | sort
 }
 pictures=$(listed "$drawn")
 [ "$pictures" = "$(listed "$1")" ]

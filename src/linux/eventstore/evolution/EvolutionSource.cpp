@@ -37,8 +37,9 @@ bool isServiceInstalled() {
 QString EvolutionSource::moduleOfProgram() {
     const QString folder = QCoreApplication::applicationDirPath();
     const QString beside = folder + QStringLiteral("/vantrel-evolution.so");
-    return QFile::exists(beside) ? beside
-                                 : folder + QStringLiteral("/" VANTREL_MODULES "/vantrel-evolution.so");
+    return QFile::exists(beside)
+               ? beside
+               : folder + QStringLiteral("/" VANTREL_MODULES "/vantrel-evolution.so");
 }
 
 bool EvolutionSource::isInstalled(const QString &module) {
