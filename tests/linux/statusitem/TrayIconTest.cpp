@@ -5,6 +5,7 @@
 
 #include <QCursor>
 #include <QFile>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -151,7 +152,9 @@ TEST_F(TrayIconTest, TellsClicksWithButtonControlKeyAndTheItemsPlace) {
     makeItem();
     ASSERT_TRUE(isDocked(tray));
     ASSERT_TRUE(shows(*tray, {29, 29}, squareOnDarkGround)); // It has its size.
-    const QRect place(Tray::frame.topLeft(), QSize(30, 30));
+    const double scale = qGuiApp->devicePixelRatio();
+    const QRect place((QPointF(Tray::frame.topLeft()) / scale).toPoint(),
+                      (QSizeF(30, 30) / scale).toSize());
 
     tray->release(1, 0);
     StatusItemClick click = nextClick();
@@ -193,6 +196,31 @@ TEST_F(TrayIconTest, PlacesAClickOfAHostThatTellsNoPlaceAtThePointer) {
                {QStringLiteral("signature"), QStringLiteral("u")},
                {QStringLiteral("arguments"), QJsonArray{12345}}});
     EXPECT_EQ(nextClick().place, QRect(321, 123, 0, 0));
+}
+
+TEST_F(TrayIconTest, CountsTheControlKeyThatIsHeldAsAHostTellsOfAClick) {
+    Panel panel;
+    makeItem();
+    panel.await(QStringLiteral("registered"));
+    const QString program = QStringLiteral("xdotool");
+    const QString key = QStringLiteral("Control_L");
+    ASSERT_EQ(QProcess::execute(program, {QStringLiteral("keydown"), key}), 0);
+    panel.ask(QStringLiteral("activate"));
+    const StatusItemClick click = nextClick();
+    EXPECT_EQ(click.button, PointerButton::left);
+    EXPECT_TRUE(click.hasControl);
+    ASSERT_EQ(QProcess::execute(program, {QStringLiteral("keyup"), key}), 0);
+    panel.ask(QStringLiteral("activate"));
+    EXPECT_FALSE(nextClick().hasControl);
+}
+
+TEST_F(TrayIconTest, PlacesAClickOfAHostInDeviceIndependentPixels) {
+    Panel panel;
+    makeItem();
+    panel.await(QStringLiteral("registered"));
+    panel.ask(QStringLiteral("activate"), {{QStringLiteral("x"), 300}, {QStringLiteral("y"), 60}});
+    const double scale = qGuiApp->devicePixelRatio();
+    EXPECT_EQ(nextClick().place, QRect((QPointF(300, 60) / scale).toPoint(), QSize(0, 0)));
 }
 
 TEST_F(TrayIconTest, IsSeenInTheTrayOfARealPanel) {
