@@ -1,5 +1,6 @@
 #include "MenuModel.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
@@ -42,6 +43,16 @@ int MenuModel::rowAfter(int row, int step) const {
             return next;
     }
     return row;
+}
+
+int MenuModel::rowBeginningWith(const QString &text, int row) const {
+    const int count = static_cast<int>(m_menu.size());
+    for (int step = 1; step <= count && !text.trimmed().isEmpty(); ++step) {
+        const int candidate = (std::max(row, -1) + step) % count;
+        if (isEnabled(candidate) && item(candidate)->title.startsWith(text, Qt::CaseInsensitive))
+            return candidate;
+    }
+    return -1;
 }
 
 int MenuModel::rowCount(const QModelIndex &parent) const {

@@ -49,6 +49,10 @@ public:
     /// may be −1. The same row where there is none.
     Q_INVOKABLE [[nodiscard]] int rowAfter(int row, int step) const;
 
+    /// The next row that can be chosen and whose title begins with that text, in either case, from
+    /// `row` on and round the end; `row` itself where there is no other, −1 where there is none.
+    Q_INVOKABLE [[nodiscard]] int rowBeginningWith(const QString &text, int row) const;
+
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;

@@ -32,10 +32,8 @@ FocusScope {
             root.current = root.viewModel.rowAfter(-1, 1);
         else if (event.key === Qt.Key_End)
             root.current = root.viewModel.rowAfter(-1, -1);
-        else if (!event.isAutoRepeat && root.viewModel.chooseByKey(event.text))
-            event.accepted = true;
-        else
-            return;
+        else if (event.isAutoRepeat || !root.viewModel.chooseByKey(event.text))
+            return root.seek(event);
         event.accepted = true;
     }
 
@@ -80,6 +78,14 @@ FocusScope {
         for (let row = 0; row < count; ++row)
             most = Math.max(most, items.itemAt(row)?.implicitWidth ?? 0);
         return most;
+    }
+
+    /// The letter with which an item begins lights it.
+    function seek(event: KeyEvent) {
+        const row = root.viewModel.rowBeginningWith(event.text, root.current);
+        event.accepted = row >= 0;
+        if (row >= 0)
+            root.current = row;
     }
 
     function take(event: KeyEvent) {

@@ -84,6 +84,25 @@ TEST_F(MenuViewTest, KeysChooseTheirItems) {
     EXPECT_THAT(chosen, ElementsAre("second", "last"));
 }
 
+TEST_F(MenuViewTest, TheFirstLetterLightsAnItem) {
+    make();
+    press(Qt::Key_F);
+    EXPECT_EQ(current(), 0);
+    press(Qt::Key_S);
+    EXPECT_EQ(current(), 1);
+    press(Qt::Key_L);
+    EXPECT_EQ(current(), 4);
+    press(Qt::Key_F);
+    EXPECT_EQ(current(), 0) << "on from the end at the beginning";
+    press(Qt::Key_F);
+    press(Qt::Key_B);
+    press(Qt::Key_X);
+    EXPECT_EQ(current(), 0) << "no other begins so, and a barred one is passed over";
+    EXPECT_THAT(chosen, IsEmpty());
+    press(Qt::Key_Return);
+    EXPECT_THAT(chosen, ElementsAre("first"));
+}
+
 TEST_F(MenuViewTest, ClicksChoose) {
     make();
     for (const QQuickItem *row : all("MenuRow"))
