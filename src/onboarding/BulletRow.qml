@@ -12,6 +12,7 @@ Item {
 
     Rectangle {
         id: disc
+        anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         width: 36
         height: 36

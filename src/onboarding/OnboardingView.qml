@@ -24,6 +24,8 @@ BrandedSurface {
     implicitHeight: 640
     focus: true
     ThemePaletteKey.palette: root.viewModel.palette
+    LayoutMirroring.enabled: Qt.locale().textDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Pane
     Accessible.name: "Welcome to Vantrel"
 

@@ -15,6 +15,7 @@ Item {
 
     Symbol {
         id: picture
+        anchors.left: parent.left
         y: Math.round((words.font.pixelSize * 1.35 - height) / 2)
         width: 20
         height: 20

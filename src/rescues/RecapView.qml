@@ -16,6 +16,8 @@ FocusScope {
     implicitHeight: 600
     focus: true
     ThemePaletteKey.palette: root.viewModel.palette
+    LayoutMirroring.enabled: Qt.locale().textDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Pane
     Accessible.name: "This Week's Rescues"
     Keys.onEscapePressed: root.Window.window.close()

@@ -13,10 +13,12 @@ namespace {
 using Preparation = std::function<void(ShownFirstRun &)>;
 
 Scene scene(Theme theme, const char *name, OnboardingStep step, const Preparation &prepare = {},
-            const std::function<void(Stage &)> &act = {}) {
+            const std::function<void(Stage &)> &act = {},
+            const QString &language = QStringLiteral("en_US")) {
     Scene made;
     made.name = QStringLiteral("onboarding-%1-%2").arg(rawValue(theme), QLatin1String(name));
     made.show = [=](const std::function<void(Stage &)> &look) {
+        const Language spoken(language);
         ShownFirstRun run(theme);
         if (prepare)
             prepare(run);
@@ -64,6 +66,19 @@ std::vector<Scene> onboardingScenes() {
                 run.state.setLaunchAtLogin(true);
             }));
         scenes.push_back(scene(theme, "7-done", OnboardingStep::done));
+        for (const char *language : {"de_DE", "ar_EG"}) {
+            const auto add = [&](const char *page, OnboardingStep step) {
+                const QByteArray name = QByteArray(language).first(2) + '-' + page;
+                scenes.push_back(
+                    scene(theme, name.constData(), step, {}, {}, QLatin1String(language)));
+            };
+            add("1-welcome", OnboardingStep::welcome);
+            add("2-calendar", OnboardingStep::calendar);
+            add("3-notifications", OnboardingStep::notifications);
+            add("4-theme", OnboardingStep::theme);
+            add("5-demo", OnboardingStep::demoTakeover);
+            add("6-login", OnboardingStep::launchAtLogin);
+        }
     }
     return scenes;
 }

@@ -19,10 +19,12 @@ RescueStats week(std::int64_t fromTakeover, std::int64_t fromPopover, std::int64
     return stats;
 }
 
-Scene scene(Theme theme, const QString &name, const RescueStats &weekly, QSize size) {
+Scene scene(Theme theme, const QString &name, const RescueStats &weekly, QSize size,
+            const QString &language = QStringLiteral("en_US")) {
     Scene made;
     made.name = QStringLiteral("recap-%1-%2").arg(rawValue(theme), name);
     made.show = [=](const std::function<void(Stage &)> &look) {
+        const Language spoken(language);
         RecapViewModel viewModel;
         viewModel.show({weekly, weekly, palette(theme), {}, {}});
         Stage stage(recapContent(viewModel), size);
@@ -39,6 +41,9 @@ std::vector<Scene> recapScenes() {
     for (const Theme theme : allThemes) {
         scenes.push_back(scene(theme, QStringLiteral("week"), week(9, 3, 2, 1), usual));
         scenes.push_back(scene(theme, QStringLiteral("empty"), {}, usual));
+        for (const char *language : {"de_DE", "ar_EG"})
+            scenes.push_back(scene(theme, QLatin1String(language).left(2) + QStringLiteral("-week"),
+                                   week(9, 3, 2, 1), usual, QLatin1String(language)));
     }
     RescueStats everything = week(1234567, 12, 44, 7);
     everything.pingsSent = 3;

@@ -2,6 +2,7 @@
 
 #include <theme/Theme.h>
 
+#include <QLocale>
 #include <QString>
 
 #include <functional>
@@ -10,6 +11,20 @@
 namespace vantrel::gallery {
 
 class Stage;
+
+/// The language of what is shown while it lives, as a person's session has it.
+class Language {
+public:
+    explicit Language(const QString &name) : m_before(QLocale()) {
+        QLocale::setDefault(QLocale(name));
+    }
+    ~Language() { QLocale::setDefault(m_before); }
+    Language(const Language &) = delete;
+    Language &operator=(const Language &) = delete;
+
+private:
+    const QLocale m_before;
+};
 
 /// One picture of the gallery.
 struct Scene {

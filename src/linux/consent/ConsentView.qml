@@ -21,6 +21,8 @@ FocusScope {
                     + places.implicitHeight + 24 + allow.implicitHeight
     focus: true
     ThemePaletteKey.palette: root.themePalette
+    LayoutMirroring.enabled: Qt.locale().textDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
     Accessible.name: "May Vantrel read your calendars?"
     Keys.onEscapePressed: event => {
@@ -47,7 +49,8 @@ FocusScope {
         id: caption
         anchors.top: heading.bottom
         anchors.topMargin: 20
-        x: root.margin
+        anchors.left: parent.left
+        anchors.leftMargin: root.margin
         text: "It would look here:"
         textFormat: Text.PlainText
         color: root.ThemePaletteKey.palette.secondaryText

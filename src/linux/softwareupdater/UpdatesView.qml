@@ -15,6 +15,8 @@ BrandedSurface {
     implicitHeight: 380
     focus: true
     ThemePaletteKey.palette: root.viewModel.themePalette
+    LayoutMirroring.enabled: Qt.locale().textDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Pane
     Accessible.name: "Updates"
     Keys.onEscapePressed: root.Window.window.close()
