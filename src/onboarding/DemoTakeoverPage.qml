@@ -16,6 +16,7 @@ OnboardingPage {
 
     OutlinedButton {
         id: show
+        anchors.left: parent.left
         objectName: "show"
         text: root.isFired ? qsTr("Show again") : qsTr("Show me the takeover")
         symbol: "play.fill"

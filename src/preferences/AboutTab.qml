@@ -39,6 +39,7 @@ Column {
                 spacing: 4
 
                 Text {
+                    anchors.left: parent.left
                     text: "Vantrel"
                     textFormat: Text.PlainText
                     color: root.ThemePaletteKey.palette.primaryText
@@ -49,6 +50,7 @@ Column {
 
                 Explanation {
                     objectName: "version"
+                    anchors.left: parent.left
                     text: root.viewModel.version
                 }
             }
@@ -66,6 +68,7 @@ Column {
 
         OutlinedButton {
             objectName: "askReset"
+            anchors.left: parent.left
             text: qsTr("Reset all preferences")
             symbol: "arrow.counterclockwise"
             onClicked: root.viewModel.showingResetConfirm = true

@@ -43,6 +43,7 @@ Column {
 
         SegmentedChoice {
             objectName: "joinTarget"
+            anchors.left: parent.left
             title: qsTr("Open video meetings in")
             options: root.viewModel.joinTargets
             current: root.viewModel.joinTarget

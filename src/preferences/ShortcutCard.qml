@@ -39,6 +39,7 @@ SettingCard {
 
     Disclosure {
         objectName: "details"
+        anchors.left: parent.left
         text: root.viewModel.showShortcutDetails ? qsTr("Hide details") : qsTr("How this works")
         isOpen: root.viewModel.showShortcutDetails
         onClicked: root.viewModel.showShortcutDetails = !root.viewModel.showShortcutDetails

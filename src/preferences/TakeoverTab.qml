@@ -50,6 +50,7 @@ Column {
 
         Stepper {
             objectName: "snoozeDuration"
+            anchors.left: parent.left
             title: qsTr("Snooze duration")
             valueText: root.viewModel.snoozeDuration.text
             setting: root.viewModel.snoozeDuration.value

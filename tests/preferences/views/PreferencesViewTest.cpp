@@ -118,6 +118,21 @@ TEST_F(PreferencesViewTest, IsMirroredWhereTheLanguageRunsFromTheRight) {
     EXPECT_EQ(shown.preferences.snoozeDurationMinutes(), 1);
 }
 
+TEST_F(PreferencesViewTest, PutsEveryControlToTheRightWhereReadingBeginsThere) {
+    shown.currentCalendar = LocalCalendar(QTimeZone::utc(), QLocale(QStringLiteral("ar_EG")));
+    const auto middle = [this](PreferencesTab tab, const char *name) {
+        open(tab);
+        const QQuickItem &control = item(name);
+        return control.mapToScene(control.boundingRect().center()).x();
+    };
+    const double middleOfThePage = (880 - 200) / 2.0;
+    EXPECT_GT(middle(PreferencesTab::general, "joinTarget"), middleOfThePage);
+    EXPECT_GT(middle(PreferencesTab::general, "details"), middleOfThePage);
+    EXPECT_GT(middle(PreferencesTab::takeover, "snoozeDuration"), middleOfThePage);
+    EXPECT_GT(middle(PreferencesTab::about, "askReset"), middleOfThePage);
+    EXPECT_GT(middle(PreferencesTab::about, "version"), middleOfThePage);
+}
+
 TEST_F(PreferencesViewTest, NothingLeavesTheWindowAtItsLeastSize) {
     for (const PreferencesTab tab : allPreferencesTabs) {
         open(tab, {640, 440});
