@@ -1,5 +1,7 @@
 #include "OnboardingViewModel.h"
 
+#include <theme/ThemeOffer.h>
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -76,12 +78,7 @@ bool OnboardingViewModel::areNotificationsAllowed() const {
 }
 
 QVariantList OnboardingViewModel::themes() const {
-    QVariantList choices;
-    for (const Theme theme : allThemes) {
-        choices.append(QVariant::fromValue(
-            ThemeChoice{name(theme), description(theme), ThemePalette(vantrel::palette(theme))}));
-    }
-    return choices;
+    return themeOffers();
 }
 
 int OnboardingViewModel::selectedTheme() const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "OnboardingState.h"
-#include "ThemeChoice.h"
 
 #include <platform/MainQueue.h>
 #include <theme/ThemePalette.h>
@@ -50,7 +49,7 @@ public:
     [[nodiscard]] bool isAskingForCalendars() const { return m_state.calendarRequestInProgress(); }
     [[nodiscard]] bool areNotificationsAllowed() const;
 
-    /// Of `ThemeChoice`.
+    /// Of `ThemeOffer`.
     [[nodiscard]] QVariantList themes() const;
     /// A place in `themes`.
     [[nodiscard]] int selectedTheme() const;

@@ -6,7 +6,7 @@ import Vantrel.Theme
 Pressable {
     id: root
 
-    required property themeChoice modelData
+    required property themeOffer modelData
     required property int index
     required property bool isSelected
 
@@ -44,26 +44,26 @@ Pressable {
         width: 56
         height: 36
         radius: 8
-        color: root.modelData.colors.surfaceBackground
-        border.color: root.modelData.colors.accent
+        color: root.modelData.themePalette.surfaceBackground
+        border.color: root.modelData.themePalette.accent
 
         Row {
             anchors.centerIn: parent
             spacing: 4
 
             ThemeDot {
-                color: root.modelData.colors.accent
-                border.color: root.modelData.colors.dotStroke
+                color: root.modelData.themePalette.accent
+                border.color: root.modelData.themePalette.dotStroke
             }
 
             ThemeDot {
-                color: root.modelData.colors.primaryText
-                border.color: root.modelData.colors.dotStroke
+                color: root.modelData.themePalette.primaryText
+                border.color: root.modelData.themePalette.dotStroke
             }
 
             ThemeDot {
-                color: root.modelData.colors.dimSurface
-                border.color: root.modelData.colors.dotStroke
+                color: root.modelData.themePalette.dimSurface
+                border.color: root.modelData.themePalette.dotStroke
             }
         }
     }

@@ -1,5 +1,7 @@
 #include "AppearanceTabModel.h"
 
+#include <theme/ThemeOffer.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -16,11 +18,7 @@ AppearanceTabModel::AppearanceTabModel(PreferencesStore &preferences,
       })) {}
 
 QVariantList AppearanceTabModel::themes() const {
-    QVariantList offers;
-    for (const Theme theme : allThemes)
-        offers.append(QVariant::fromValue(
-            ThemeOffer{name(theme), description(theme), ThemePalette(palette(theme))}));
-    return offers;
+    return themeOffers();
 }
 
 void AppearanceTabModel::select(int index) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "PreferencesStore.h"
-#include "ThemeOffer.h"
 
 #include <theme/Theme.h>
 

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <theme/ThemePalette.h>
+#include "ThemePalette.h"
 
 #include <QObject>
 #include <QString>
+#include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
 namespace vantrel {
 
-/// A theme as the user picks it. A plain value.
+/// A theme as windows offer it to be picked. A plain value.
 class ThemeOffer {
     Q_GADGET
     QML_VALUE_TYPE(themeOffer)
@@ -23,5 +24,8 @@ public:
 
     bool operator==(const ThemeOffer &) const = default;
 };
+
+/// All of them, in their order, for a view to list.
+[[nodiscard]] QVariantList themeOffers();
 
 } // namespace vantrel
